@@ -1,10 +1,10 @@
 // The sparse map from cell positions to values: chained order, constant-time access.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <iterator>
 #include <limits>
 #include <memory>
@@ -48,13 +48,10 @@ class GridMap {
     bool IsEmpty() const { return m_count == 0; }
 
     // The value of a key, or null.
-    Value* Find(CellPos key) {
-        const Handle node = FindNode(key);
-        return node == PastLast ? nullptr : &NodeAt(node).value;
-    }
+    Value* Find(CellPos key) { return const_cast<Value*>(std::as_const(*this).Find(key)); }
     const Value* Find(CellPos key) const {
-        const Handle node = FindNode(key);
-        return node == PastLast ? nullptr : &NodeAt(node).value;
+        const Slot* const slot = FindSlot(key, Hash(key));
+        return slot == nullptr ? nullptr : &NodeAt(slot->node).value;
     }
 
     // Inserts at the head of the key's chain, or overwrites in place.
@@ -81,12 +78,12 @@ class GridMap {
 
     // False when there is no such key. Removing the last entry gives all memory back.
     bool Remove(CellPos key) {
-        const std::size_t slot = FindSlot(key, Hash(key));
-        if (slot == NoSlot) {
+        const Slot* const slot = FindSlot(key, Hash(key));
+        if (slot == nullptr) {
             return false;
         }
-        const Handle node = m_slots[slot].node;
-        EraseSlot(slot);
+        const Handle node = slot->node;
+        EraseSlot(static_cast<std::size_t>(slot - m_slots.data()));
         Unlink(node);
         ReleaseNode(node);
         if (--m_count == 0) {
@@ -172,8 +169,8 @@ class GridMap {
 
     // Bytes held for nodes and index, without what the values own elsewhere.
     std::size_t MemoryBytes() const {
-        return m_blocks.size() * sizeof(Block) + m_blocks.capacity() * sizeof(m_blocks[0]) +
-               m_slots.capacity() * sizeof(Slot);
+        return m_blocks.size() * BlockSize * sizeof(Node) +
+               m_blocks.capacity() * sizeof(m_blocks[0]) + m_slots.capacity() * sizeof(Slot);
     }
 
     // True when chains, index and count agree. Linear; for tests.
@@ -209,7 +206,6 @@ class GridMap {
     };
     static constexpr std::size_t BlockShift = 8;
     static constexpr std::size_t BlockSize = std::size_t{1} << BlockShift;
-    using Block = std::array<Node, BlockSize>;
 
     // An empty slot has no node. The whole hash stands beside the node, so that growing the index
     // and most mismatches never touch a node.
@@ -218,7 +214,6 @@ class GridMap {
         Handle node = PastLast;
     };
     using Heads = std::array<Handle, BucketCount>;
-    static constexpr std::size_t NoSlot = static_cast<std::size_t>(-1);
     static constexpr std::size_t FirstIndexSize = 16;
 
     static std::size_t Bucket(CellPos key) {
@@ -236,31 +231,30 @@ class GridMap {
         return static_cast<std::uint32_t>(mixed >> 32U) + (col & 7U);
     }
 
-    Node& NodeAt(Handle handle) {
-        const auto index = static_cast<std::size_t>(handle - 1);
-        return (*m_blocks[index >> BlockShift])[index & (BlockSize - 1)];
-    }
+    // Straight through the pointers: this is the hot path of everything.
     const Node& NodeAt(Handle handle) const {
         const auto index = static_cast<std::size_t>(handle - 1);
-        return (*m_blocks[index >> BlockShift])[index & (BlockSize - 1)];
+        return m_blocks.data()[index >> BlockShift].get()[index & (BlockSize - 1)];
     }
+    Node& NodeAt(Handle handle) { return const_cast<Node&>(std::as_const(*this).NodeAt(handle)); }
 
-    std::size_t FindSlot(CellPos key, std::uint32_t hash) const {
+    // The slot of a key, or null.
+    const Slot* FindSlot(CellPos key, std::uint32_t hash) const {
         if (m_slots.empty()) {
-            return NoSlot;
+            return nullptr;
         }
         const Slot* const slots = m_slots.data();
         const std::size_t mask = m_slots.size() - 1;
         for (std::size_t i = hash & mask; slots[i].node != PastLast; i = (i + 1) & mask) {
             if (slots[i].hash == hash && NodeAt(slots[i].node).key == key) {
-                return i;
+                return slots + i;
             }
         }
-        return NoSlot;
+        return nullptr;
     }
     Handle FindNode(CellPos key, std::uint32_t hash) const {
-        const std::size_t slot = FindSlot(key, hash);
-        return slot == NoSlot ? PastLast : m_slots[slot].node;
+        const Slot* const slot = FindSlot(key, hash);
+        return slot == nullptr ? PastLast : slot->node;
     }
     Handle FindNode(CellPos key) const { return FindNode(key, Hash(key)); }
 
@@ -290,15 +284,16 @@ class GridMap {
 
     // Takes a slot out and moves later members of its run forward, so that no run has a hole.
     void EraseSlot(std::size_t hole) {
+        Slot* const slots = m_slots.data();
         const std::size_t mask = m_slots.size() - 1;
-        for (std::size_t i = (hole + 1) & mask; m_slots[i].node != PastLast; i = (i + 1) & mask) {
-            const std::size_t home = m_slots[i].hash & mask;
+        for (std::size_t i = (hole + 1) & mask; slots[i].node != PastLast; i = (i + 1) & mask) {
+            const std::size_t home = slots[i].hash & mask;
             if (((i - home) & mask) >= ((i - hole) & mask)) {
-                m_slots[hole] = m_slots[i];
+                slots[hole] = slots[i];
                 hole = i;
             }
         }
-        m_slots[hole] = Slot{};
+        slots[hole] = Slot{};
     }
 
     // A node to fill, still the head of the free list.
@@ -311,7 +306,7 @@ class GridMap {
                 static_cast<std::size_t>(std::numeric_limits<Handle>::max()) - BlockSize) {
                 throw std::length_error("GridMap: more entries than handles");
             }
-            m_blocks.push_back(std::make_unique<Block>());
+            m_blocks.push_back(std::make_unique<Node[]>(BlockSize));
         }
         m_free = static_cast<Handle>(++m_fresh);
         NodeAt(m_free).next = PastLast;
@@ -382,7 +377,7 @@ class GridMap {
 
     Heads m_heads{};
     std::vector<Slot> m_slots;
-    std::vector<std::unique_ptr<Block>> m_blocks;
+    std::vector<std::unique_ptr<Node[]>> m_blocks;
     Handle m_free = PastLast;
     std::size_t m_fresh = 0;  // nodes ever handed out
     std::size_t m_count = 0;

@@ -1,0 +1,144 @@
+// GridMap against boost::unordered_flat_map with the same keys and values, and against the literal
+// map of 17 chains.
+#include <boost/unordered/unordered_flat_map.hpp>
+#include <cstdint>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "bench/Ratio.h"
+#include "grid/GridMap.h"
+#include "support/ChainMap.h"
+
+namespace veygrid::bench {
+namespace {
+
+struct PosHash {
+    std::size_t operator()(CellPos key) const {
+        return boost::hash<std::uint64_t>()(std::uint64_t{static_cast<std::uint32_t>(key.Row)}
+                                                << 32U |
+                                            static_cast<std::uint32_t>(key.Col));
+    }
+};
+using PeerMap = boost::unordered_flat_map<CellPos, std::string, PosHash>;
+using OurMap = GridMap<std::string>;
+using Keys = std::vector<CellPos>;
+
+constexpr std::int32_t Columns = 20;
+
+Keys SheetOrder(std::int32_t cells) {
+    Keys keys;
+    keys.reserve(static_cast<std::size_t>(cells));
+    for (std::int32_t i = 0; i < cells; ++i) {
+        keys.push_back({i / Columns + 1, i % Columns + 1});
+    }
+    return keys;
+}
+
+Keys RandomOrder(std::int32_t cells) {
+    Keys keys = SheetOrder(cells);
+    std::mt19937 random(20261121);
+    std::shuffle(keys.begin(), keys.end(), random);
+    return keys;
+}
+
+const std::string Text = "12345678";
+
+void SetAll(OurMap& map, const Keys& keys) {
+    for (const CellPos key : keys) {
+        map.Set(key, Text);
+    }
+}
+void SetAll(PeerMap& map, const Keys& keys) {
+    for (const CellPos key : keys) {
+        map.insert_or_assign(key, Text);
+    }
+}
+void SetAll(ChainMap<std::string>& map, const Keys& keys) {
+    for (const CellPos key : keys) {
+        map.Set(key, Text);
+    }
+}
+
+template <class Map>
+std::size_t GetAll(Map& map, const Keys& keys) {
+    std::size_t bytes = 0;
+    for (const CellPos key : keys) {
+        bytes += map.Find(key)->size();
+    }
+    return bytes;
+}
+std::size_t GetAll(PeerMap& map, const Keys& keys) {
+    std::size_t bytes = 0;
+    for (const CellPos key : keys) {
+        bytes += map.find(key)->second.size();
+    }
+    return bytes;
+}
+
+template <class Map>
+void RemoveAllKeys(Map& map, const Keys& keys) {
+    for (const CellPos key : keys) {
+        map.Remove(key);
+    }
+}
+void RemoveAllKeys(PeerMap& map, const Keys& keys) {
+    for (const CellPos key : keys) {
+        map.erase(key);
+    }
+}
+
+template <class Map>
+double TimeSet(const Keys& keys) {
+    Map map;
+    return Seconds([&] { SetAll(map, keys); });
+}
+template <class Map>
+double TimeGet(const Keys& filled, const Keys& keys) {
+    Map map;
+    SetAll(map, filled);
+    return Seconds([&] { Keep(GetAll(map, keys)); });
+}
+template <class Map>
+double TimeRemove(const Keys& keys) {
+    Map map;
+    SetAll(map, keys);
+    return Seconds([&] { RemoveAllKeys(map, keys); });
+}
+
+void AgainstFlatMap(const char* order, const Keys& keys) {
+    const std::string in = std::string(" 1 M cells, ") + order;
+    Ratio("GridMap set" + in, 1.5)
+        .Run([&] { return TimeSet<OurMap>(keys); }, [&] { return TimeSet<PeerMap>(keys); });
+    Ratio("GridMap get" + in, 1.25)
+        .Run([&] { return TimeGet<OurMap>(keys, keys); },
+             [&] { return TimeGet<PeerMap>(keys, keys); });
+    Ratio("GridMap remove" + in, 0)
+        .Run([&] { return TimeRemove<OurMap>(keys); }, [&] { return TimeRemove<PeerMap>(keys); });
+}
+
+template <class Map>
+double TimeLife(const Keys& keys) {
+    return TimeSet<Map>(keys) + TimeGet<Map>(keys, keys) + TimeRemove<Map>(keys);
+}
+
+// The factor is to grow with the number of cells.
+void AgainstChains(std::int32_t cells, double atLeast) {
+    const Keys keys = RandomOrder(cells);
+    Ratio("GridMap set, get, remove against 17 chains, " + std::to_string(cells) + " cells",
+          atLeast, Ratio::Goal::AtLeast)
+        .Run([&] { return TimeLife<OurMap>(keys); },
+             [&] { return TimeLife<ChainMap<std::string>>(keys); }, 1);
+}
+
+}  // namespace
+}  // namespace veygrid::bench
+
+int main() {
+    using namespace veygrid::bench;
+    AgainstFlatMap("sheet order", SheetOrder(1'000'000));
+    AgainstFlatMap("random order", RandomOrder(1'000'000));
+    AgainstChains(10'000, 0);
+    AgainstChains(40'000, 50);
+    return 0;
+}
