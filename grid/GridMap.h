@@ -15,13 +15,14 @@
 #include <vector>
 
 #include "grid/CellPos.h"
+#include "grid/TileIndex.h"
 
 namespace veygrid {
 
 // Entries stand in 17 chains. The chain of a key is (row as unsigned >> 4) % 17; a new key goes to
 // the head of its chain, a known key keeps its place, and iteration runs over the chains in
 // ascending order, each from its head. Hosts and files see this order, so it never changes. Access
-// does not walk the chains: an open-addressed index finds the node of a key.
+// does not walk the chains: an index by tiles of cells finds the node of a key.
 //
 // A handle names an entry in 31 bits. It stays good until the entry is removed or the map is
 // rebuilt; overwriting and inserting leave it good. Using a stale handle is the caller's error.
@@ -50,40 +51,42 @@ class GridMap {
     // The value of a key, or null.
     Value* Find(CellPos key) { return const_cast<Value*>(std::as_const(*this).Find(key)); }
     const Value* Find(CellPos key) const {
-        const Slot* const slot = FindSlot(key, Hash(key));
-        return slot == nullptr ? nullptr : &NodeAt(slot->node).value;
+        const Handle node = m_index.Find(key);
+        return node == PastLast ? nullptr : &NodeAt(node).value;
     }
 
     // Inserts at the head of the key's chain, or overwrites in place.
     template <class Given>
     Value& Set(CellPos key, Given&& given) {
-        const std::uint32_t hash = Hash(key);
-        const Handle found = FindNode(key, hash);
+        const Handle found = m_index.Find(key);
         if (found != PastLast) {
             Node& node = NodeAt(found);
             node.value = std::forward<Given>(given);
             return node.value;
         }
-        GrowIndexFor(m_count + 1);
         const Handle added = TakeNode();
         Node& node = NodeAt(added);
-        ::new (static_cast<void*>(&node.value)) Value(std::forward<Given>(given));
+        m_index.Insert(key, added);
+        try {
+            ::new (static_cast<void*>(&node.value)) Value(std::forward<Given>(given));
+        } catch (...) {
+            m_index.Erase(key);
+            throw;
+        }
         m_free = node.next;
         node.key = key;
         LinkAtHead(m_heads, added);
-        InsertIntoIndex(hash, added);
         ++m_count;
         return node.value;
     }
 
     // False when there is no such key. Removing the last entry gives all memory back.
     bool Remove(CellPos key) {
-        const Slot* const slot = FindSlot(key, Hash(key));
-        if (slot == nullptr) {
+        const Handle node = m_index.Find(key);
+        if (node == PastLast) {
             return false;
         }
-        const Handle node = slot->node;
-        EraseSlot(static_cast<std::size_t>(slot - m_slots.data()));
+        m_index.Erase(key);
         Unlink(node);
         ReleaseNode(node);
         if (--m_count == 0) {
@@ -107,7 +110,7 @@ class GridMap {
             return;
         }
         const Heads old = std::exchange(m_heads, Heads{});
-        std::fill(m_slots.begin(), m_slots.end(), Slot{});
+        m_index.Clear();
         for (const Handle head : old) {
             for (Handle handle = head; handle != PastLast;) {
                 const Handle next = NodeAt(handle).next;
@@ -160,7 +163,7 @@ class GridMap {
 
     void Swap(GridMap& other) noexcept {
         std::swap(m_heads, other.m_heads);
-        m_slots.swap(other.m_slots);
+        m_index.Swap(other.m_index);
         m_blocks.swap(other.m_blocks);
         std::swap(m_free, other.m_free);
         std::swap(m_fresh, other.m_fresh);
@@ -170,7 +173,7 @@ class GridMap {
     // Bytes held for nodes and index, without what the values own elsewhere.
     std::size_t MemoryBytes() const {
         return m_blocks.size() * BlockSize * sizeof(Node) +
-               m_blocks.capacity() * sizeof(m_blocks[0]) + m_slots.capacity() * sizeof(Slot);
+               m_blocks.capacity() * sizeof(m_blocks[0]) + m_index.MemoryBytes();
     }
 
     // True when chains, index and count agree. Linear; for tests.
@@ -180,17 +183,14 @@ class GridMap {
             Handle before = PastLast;
             for (Handle h = m_heads[bucket]; h != PastLast; h = NodeAt(h).next) {
                 if (NodeAt(h).previous != before || Bucket(NodeAt(h).key) != bucket ||
-                    FindNode(NodeAt(h).key) != h || ++chained > m_count) {
+                    m_index.Find(NodeAt(h).key) != h || ++chained > m_count) {
                     return false;
                 }
                 before = h;
             }
         }
-        std::size_t indexed = 0;
-        for (const Slot& slot : m_slots) {
-            indexed += slot.node != PastLast ? 1U : 0U;
-        }
-        return chained == m_count && indexed == m_count && (m_count != 0 || m_blocks.empty());
+        return chained == m_count && m_index.Count() == m_count &&
+               (m_count != 0 || m_blocks.empty());
     }
 
   private:
@@ -207,108 +207,32 @@ class GridMap {
     static constexpr std::size_t BlockShift = 8;
     static constexpr std::size_t BlockSize = std::size_t{1} << BlockShift;
 
-    // An empty slot has no node. The whole hash stands beside the node, so that growing the index
-    // and most mismatches never touch a node.
-    struct Slot {
-        std::uint32_t hash = 0;
-        Handle node = PastLast;
-    };
     using Heads = std::array<Handle, BucketCount>;
-    static constexpr std::size_t FirstIndexSize = 16;
 
     static std::size_t Bucket(CellPos key) {
         return (static_cast<std::uint32_t>(key.Row) >> 4U) % BucketCount;
     }
 
-    // Eight neighbours in a row share the mixed part, so that a walk along rows stays within a
-    // cache line of the index.
-    static std::uint32_t Hash(CellPos key) {
-        const auto row = static_cast<std::uint32_t>(key.Row);
-        const auto col = static_cast<std::uint32_t>(key.Col);
-        std::uint64_t mixed = (std::uint64_t{row} << 32U | col >> 3U) * 0x9E3779B97F4A7C15U;
-        mixed ^= mixed >> 32U;
-        mixed *= 0xD6E8FEB86659FD93U;
-        return static_cast<std::uint32_t>(mixed >> 32U) + (col & 7U);
-    }
-
     // Straight through the pointers: this is the hot path of everything.
     const Node& NodeAt(Handle handle) const {
-        const auto index = static_cast<std::size_t>(handle - 1);
+        const auto index = static_cast<std::size_t>(static_cast<std::uint32_t>(handle));
         return m_blocks.data()[index >> BlockShift].get()[index & (BlockSize - 1)];
     }
     Node& NodeAt(Handle handle) { return const_cast<Node&>(std::as_const(*this).NodeAt(handle)); }
-
-    // The slot of a key, or null.
-    const Slot* FindSlot(CellPos key, std::uint32_t hash) const {
-        if (m_slots.empty()) {
-            return nullptr;
-        }
-        const Slot* const slots = m_slots.data();
-        const std::size_t mask = m_slots.size() - 1;
-        for (std::size_t i = hash & mask; slots[i].node != PastLast; i = (i + 1) & mask) {
-            if (slots[i].hash == hash && NodeAt(slots[i].node).key == key) {
-                return slots + i;
-            }
-        }
-        return nullptr;
-    }
-    Handle FindNode(CellPos key, std::uint32_t hash) const {
-        const Slot* const slot = FindSlot(key, hash);
-        return slot == nullptr ? PastLast : slot->node;
-    }
-    Handle FindNode(CellPos key) const { return FindNode(key, Hash(key)); }
-
-    // Slots stay at most 5/8 full.
-    void GrowIndexFor(std::size_t count) {
-        if (count * 8 <= m_slots.size() * 5) {
-            return;
-        }
-        std::vector<Slot> old(m_slots.empty() ? FirstIndexSize : m_slots.size() * 2);
-        m_slots.swap(old);
-        for (const Slot& slot : old) {
-            if (slot.node != PastLast) {
-                InsertIntoIndex(slot.hash, slot.node);
-            }
-        }
-    }
-
-    void InsertIntoIndex(std::uint32_t hash, Handle node) {
-        Slot* const slots = m_slots.data();
-        const std::size_t mask = m_slots.size() - 1;
-        std::size_t i = hash & mask;
-        while (slots[i].node != PastLast) {
-            i = (i + 1) & mask;
-        }
-        slots[i] = {hash, node};
-    }
-
-    // Takes a slot out and moves later members of its run forward, so that no run has a hole.
-    void EraseSlot(std::size_t hole) {
-        Slot* const slots = m_slots.data();
-        const std::size_t mask = m_slots.size() - 1;
-        for (std::size_t i = (hole + 1) & mask; slots[i].node != PastLast; i = (i + 1) & mask) {
-            const std::size_t home = slots[i].hash & mask;
-            if (((i - home) & mask) >= ((i - hole) & mask)) {
-                slots[hole] = slots[i];
-                hole = i;
-            }
-        }
-        slots[hole] = Slot{};
-    }
 
     // A node to fill, still the head of the free list.
     Handle TakeNode() {
         if (m_free != PastLast) {
             return m_free;
         }
-        if (m_fresh == m_blocks.size() * BlockSize) {
+        if (m_fresh >= m_blocks.size() * BlockSize) {
             if (m_fresh >
                 static_cast<std::size_t>(std::numeric_limits<Handle>::max()) - BlockSize) {
                 throw std::length_error("GridMap: more entries than handles");
             }
             m_blocks.push_back(std::make_unique<Node[]>(BlockSize));
         }
-        m_free = static_cast<Handle>(++m_fresh);
+        m_free = static_cast<Handle>(m_fresh++);
         NodeAt(m_free).next = PastLast;
         return m_free;
     }
@@ -342,15 +266,11 @@ class GridMap {
     }
 
     void PutAgain(Handle handle, std::optional<CellPos> key) {
-        Handle present = PastLast;
-        const std::uint32_t hash = key ? Hash(*key) : 0;
-        if (key) {
-            present = FindNode(*key, hash);
-        }
+        const Handle present = key ? m_index.Find(*key) : PastLast;
         if (key && present == PastLast) {
             NodeAt(handle).key = *key;
             LinkAtHead(m_heads, handle);
-            InsertIntoIndex(hash, handle);
+            m_index.Insert(*key, handle);
             return;
         }
         if (key) {
@@ -376,10 +296,10 @@ class GridMap {
     }
 
     Heads m_heads{};
-    std::vector<Slot> m_slots;
+    TileIndex m_index;
     std::vector<std::unique_ptr<Node[]>> m_blocks;
     Handle m_free = PastLast;
-    std::size_t m_fresh = 0;  // nodes ever handed out
+    std::size_t m_fresh = 1;  // the next node never handed out; node 0 is none
     std::size_t m_count = 0;
 };
 

@@ -1,0 +1,132 @@
+// Finds the number that stands for a cell position, in constant time, by tiles of cells.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+#include "grid/CellPos.h"
+
+namespace veygrid {
+
+// Positions are grouped into tiles of 16 rows by 4 columns; a hash directory finds the tile, and
+// the place in the tile is the position itself. A sheet that is filled in any shape but single far
+// cells costs a few bytes a cell, neighbours share cache lines, and the directory of a million
+// cells fits into a small cache.
+class TileIndex {
+  public:
+    // What is kept for a position; None for positions without anything.
+    using Number = std::int32_t;
+    static constexpr Number None = 0;
+
+    Number Find(CellPos key) const {
+        const Entry* const entry = FindEntry(TileKey(key));
+        return entry == nullptr ? None : m_numbers.data()[entry->firstPlace + PlaceInTile(key)];
+    }
+
+    // Sets the number of a position that has none. The number must not be None. Allocation failure
+    // leaves the index as it was.
+    void Insert(CellPos key, Number number) {
+        Reserve();
+        const std::uint64_t tileKey = TileKey(key);
+        Entry* entry = FindEntry(tileKey);
+        if (entry == nullptr) {
+            entry = AddEntry(tileKey);
+        }
+        m_numbers.data()[entry->firstPlace + PlaceInTile(key)] = number;
+        ++entry->count;
+    }
+
+    // Takes out the number of a position that has one.
+    void Erase(CellPos key) {
+        Entry* const entry = FindEntry(TileKey(key));
+        m_numbers.data()[entry->firstPlace + PlaceInTile(key)] = None;
+        if (--entry->count == 0) {
+            ReleaseTile(entry->firstPlace);
+            EraseEntry(static_cast<std::size_t>(entry - m_directory.data()));
+        }
+    }
+
+    // Empties the index and keeps its memory, for filling it anew.
+    void Clear();
+    void Swap(TileIndex& other) noexcept;
+    std::size_t MemoryBytes() const;
+    // Number of positions that have a number. Linear in the tiles.
+    std::size_t Count() const;
+
+  private:
+    static constexpr unsigned RowShift = 4;
+    static constexpr unsigned ColShift = 2;
+    static constexpr std::size_t TileSize = std::size_t{1} << (RowShift + ColShift);
+    // Rows lose four bits in a tile key, so that this is none.
+    static constexpr std::uint64_t NoTileKey = ~std::uint64_t{0};
+
+    struct Entry {
+        std::uint64_t tileKey = NoTileKey;
+        std::uint32_t firstPlace = 0;  // of the tile, in the numbers
+        std::uint32_t count = 0;       // places in use
+    };
+
+    static std::uint64_t TileKey(CellPos key) {
+        return std::uint64_t{static_cast<std::uint32_t>(key.Row) >> RowShift} << 32U |
+               static_cast<std::uint32_t>(key.Col) >> ColShift;
+    }
+    static std::size_t PlaceInTile(CellPos key) {
+        const std::uint32_t row = static_cast<std::uint32_t>(key.Row) % (1U << RowShift);
+        const std::uint32_t col = static_cast<std::uint32_t>(key.Col) % (1U << ColShift);
+        return row << ColShift | col;
+    }
+    // Where a tile's search in the directory begins. Few instructions on purpose: the shorter this
+    // path, the more look-ups the processor has under way at once.
+    std::size_t Home(std::uint64_t tileKey) const {
+        return static_cast<std::size_t>(tileKey * 0x9E3779B97F4A7C15U >> m_homeShift);
+    }
+
+    // The directory always has free entries; before the first tile it has none at all.
+    const Entry* FindEntry(std::uint64_t tileKey) const {
+        const Entry* const entries = m_directory.data();
+        for (std::size_t i = Home(tileKey); i < m_directory.size();
+             i = (i + 1) & (m_directory.size() - 1)) {
+            if (entries[i].tileKey == tileKey) {
+                return entries + i;
+            }
+            if (entries[i].tileKey == NoTileKey) {
+                break;
+            }
+        }
+        return nullptr;
+    }
+    Entry* FindEntry(std::uint64_t tileKey) {
+        return const_cast<Entry*>(std::as_const(*this).FindEntry(tileKey));
+    }
+
+    // Room for one more tile. The directory stays at most half full.
+    void Reserve() {
+        if ((m_tileCount + 1) * 2 > m_directory.size()) {
+            GrowDirectory();
+        }
+        if (m_freeTile == NoTile) {
+            AddTiles();
+        }
+    }
+    void GrowDirectory();
+    void PutEntry(const Entry& entry);
+    void AddTiles();
+    Entry* AddEntry(std::uint64_t tileKey);
+    void EraseEntry(std::size_t hole);
+    void ReleaseTile(std::uint32_t firstPlace);
+    void ChainFreeTiles(std::size_t fromPlace);
+
+    static constexpr Number NoTile = -1;
+    static constexpr unsigned FirstDirectoryBits = 2;
+
+    std::vector<Entry> m_directory;
+    unsigned m_homeShift = 64 - FirstDirectoryBits;
+    // The tiles one behind the other; the first number of a free tile names the next free one.
+    std::vector<Number> m_numbers;
+    Number m_freeTile = NoTile;  // its first place
+    std::size_t m_tileCount = 0;
+};
+
+}  // namespace veygrid

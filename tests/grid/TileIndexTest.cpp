@@ -1,0 +1,99 @@
+// TileIndex: numbers of positions, by tiles.
+#include "grid/TileIndex.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <map>
+#include <random>
+#include <utility>
+
+namespace veygrid {
+namespace {
+
+TEST(TileIndex, StartsWithoutMemoryAndFindsNothing) {
+    const TileIndex index;
+    EXPECT_EQ(index.Find({1, 1}), TileIndex::None);
+    EXPECT_EQ(index.Find({std::numeric_limits<std::int32_t>::min(), -1}), TileIndex::None);
+    EXPECT_EQ(index.MemoryBytes(), 0U);
+}
+
+TEST(TileIndex, NeighboursInATileAreDistinct) {
+    TileIndex index;
+    for (std::int32_t row = 0; row < 16; ++row) {
+        for (std::int32_t col = 0; col < 4; ++col) {
+            index.Insert({row, col}, row * 4 + col + 1);
+        }
+    }
+    for (std::int32_t row = 0; row < 16; ++row) {
+        for (std::int32_t col = 0; col < 4; ++col) {
+            EXPECT_EQ(index.Find({row, col}), row * 4 + col + 1);
+        }
+    }
+    EXPECT_EQ(index.Find({16, 0}), TileIndex::None);
+    EXPECT_EQ(index.Count(), 64U);
+}
+
+TEST(TileIndex, ClearKeepsMemoryAndForgetsEverything) {
+    TileIndex index;
+    index.Insert({5, 5}, 7);
+    const std::size_t memory = index.MemoryBytes();
+    index.Clear();
+    EXPECT_EQ(index.Find({5, 5}), TileIndex::None);
+    EXPECT_EQ(index.Count(), 0U);
+    EXPECT_EQ(index.MemoryBytes(), memory);
+    index.Insert({5, 5}, 8);
+    EXPECT_EQ(index.Find({5, 5}), 8);
+}
+
+TEST(TileIndex, AnEmptiedTileIsUsedAgain) {
+    TileIndex index;
+    index.Insert({1, 1}, 1);
+    const std::size_t memory = index.MemoryBytes();
+    for (std::int32_t tile = 0; tile < 1000; ++tile) {
+        index.Erase({tile * 16 + 1, 1});
+        index.Insert({(tile + 1) * 16 + 1, 1}, tile + 2);
+    }
+    EXPECT_LE(index.MemoryBytes(), 2 * memory);
+}
+
+TEST(TileIndex, ExtremePositionsAreKeysLikeAnyOther) {
+    constexpr auto Lowest = std::numeric_limits<std::int32_t>::min();
+    constexpr auto Highest = std::numeric_limits<std::int32_t>::max();
+    TileIndex index;
+    index.Insert({-1, -1}, 1);
+    index.Insert({Lowest, Highest}, 2);
+    index.Insert({Highest, Lowest}, 3);
+    index.Insert({0, 0}, 4);
+    EXPECT_EQ(index.Find({-1, -1}), 1);
+    EXPECT_EQ(index.Find({Lowest, Highest}), 2);
+    EXPECT_EQ(index.Find({Highest, Lowest}), 3);
+    EXPECT_EQ(index.Find({0, 0}), 4);
+    EXPECT_EQ(index.Find({-1, 0}), TileIndex::None);
+}
+
+TEST(TileIndex, RandomInsertionsAndErasuresMatchAnOrderedMap) {
+    std::mt19937 random(3);
+    TileIndex index;
+    std::map<std::pair<std::int32_t, std::int32_t>, TileIndex::Number> model;
+    std::uniform_int_distribution<std::int32_t> near(-40, 400);
+    std::uniform_int_distribution<std::int32_t> far(std::numeric_limits<std::int32_t>::min(),
+                                                    std::numeric_limits<std::int32_t>::max());
+    for (TileIndex::Number i = 1; i <= 200'000; ++i) {
+        const CellPos key =
+            i % 50 == 0 ? CellPos{far(random), far(random)} : CellPos{near(random), near(random)};
+        const auto found = model.find({key.Row, key.Col});
+        ASSERT_EQ(index.Find(key), found == model.end() ? TileIndex::None : found->second);
+        if (found == model.end()) {
+            index.Insert(key, i);
+            model[{key.Row, key.Col}] = i;
+        } else {
+            index.Erase(key);
+            model.erase(found);
+        }
+    }
+    ASSERT_EQ(index.Count(), model.size());
+}
+
+}  // namespace
+}  // namespace veygrid
