@@ -1,0 +1,56 @@
+# Sourced after steps.sh: installs the Debian packages that a piece of work needs, once.
+
+PACKAGES_BUILD=(g++ cmake ninja-build libicu-dev libcli11-dev nlohmann-json3-dev libboost1.81-dev)
+PACKAGES_TEST=(googletest clang clang-format clang-tidy libclang-rt-dev git)
+PACKAGES_WINDOWS=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine64 wine)
+PACKAGES_BENCH=(qtbase5-dev libwxgtk3.2-dev sqlite3 xz-utils)
+PACKAGES_RUN=(xz-utils)
+PACKAGES_PICTURE=(pango1.0-tools fonts-wqy-zenhei)
+
+missing_packages() {
+    local package
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] ||
+            printf '%s\n' "$package"
+    done
+}
+
+as_root() {
+    if [ "$(id -u)" = 0 ]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo "$@"
+    else
+        die "packages are missing and neither root nor sudo is at hand to install them: $*"
+    fi
+}
+
+apt_install() {
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "$@"
+}
+
+# need PACKAGE... installs what is missing of them. Nothing is asked of the network otherwise.
+need() {
+    local missing
+    command -v dpkg-query >/dev/null || die "this needs Debian 12 (or a system with its packages)"
+    mapfile -t missing < <(missing_packages "$@")
+    [ "${#missing[@]}" = 0 ] && return 0
+    step "refreshing the list of packages" as_root apt-get update
+    step "installing ${#missing[@]} packages" apt_install "${missing[@]}"
+}
+
+# build PRESET [TARGET...] configures where that is due, and builds.
+build() {
+    local preset=$1 targets=()
+    shift
+    [ $# = 0 ] || targets=(--target "$@")
+    step "building $preset${1:+ ($*)}" build_quietly "$preset" "${targets[@]}"
+}
+
+build_quietly() {
+    local preset=$1
+    shift
+    cd "$VEY_ROOT" || return 1
+    [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset" || return 1
+    cmake --build --preset "$preset" "$@"
+}
