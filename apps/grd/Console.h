@@ -23,6 +23,10 @@ class Console {
     virtual std::ostream* ProgressStream() = 0;
 };
 
+// Writes "grd: message" and below it the details, each on a line that no control character breaks.
+void WriteMessage(Console& console, const std::string& message,
+                  const std::vector<std::string>& details = {});
+
 // The console of this process. To be called once, before any file is opened.
 std::unique_ptr<Console> OpenConsole();
 
