@@ -35,6 +35,11 @@ class GridMap {
     static constexpr Handle PastLast = 0;
     static constexpr std::size_t BucketCount = 17;
 
+    // The chain, from 0, in which a key stands.
+    static std::size_t Bucket(CellPos key) {
+        return (static_cast<std::uint32_t>(key.Row) >> 4U) % BucketCount;
+    }
+
     GridMap() = default;
     GridMap(const GridMap&) = delete;
     GridMap& operator=(const GridMap&) = delete;
@@ -143,6 +148,8 @@ class GridMap {
       public:
         using value_type = Entry;
         using difference_type = std::ptrdiff_t;
+        using reference = Entry;
+        using pointer = void;
         using iterator_category = std::input_iterator_tag;
 
         Iterator(const GridMap* map, Handle handle) : m_map(map), m_handle(handle) {}
@@ -150,6 +157,11 @@ class GridMap {
         Iterator& operator++() {
             m_handle = m_map->Next(m_handle);
             return *this;
+        }
+        Iterator operator++(int) {
+            Iterator before = *this;
+            ++*this;
+            return before;
         }
         bool operator==(const Iterator& other) const { return m_handle == other.m_handle; }
 
@@ -208,10 +220,6 @@ class GridMap {
     static constexpr std::size_t BlockSize = std::size_t{1} << BlockShift;
 
     using Heads = std::array<Handle, BucketCount>;
-
-    static std::size_t Bucket(CellPos key) {
-        return (static_cast<std::uint32_t>(key.Row) >> 4U) % BucketCount;
-    }
 
     // Straight through the pointers: this is the hot path of everything.
     const Node& NodeAt(Handle handle) const {
