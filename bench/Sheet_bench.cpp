@@ -42,6 +42,14 @@ class NoHost final : public RowColumnHost, public SelectionHost {
     void RebuildDataSource() override {}
     void RunQuery(std::int16_t) override {}
     void ShowMessage(std::string_view, std::int32_t) override {}
+    bool HasWindow() override { return false; }
+    void FireCellSelChanging(std::int32_t, std::int32_t, std::int16_t&) override {}
+    void FireCellSelChanged() override {}
+    std::int32_t SendCellSelChange(std::int32_t, std::int32_t) override { return 1; }
+    void InvalidateActiveRowStrip(std::int32_t) override {}
+    void InvalidateActiveCellAreas(CellPos) override {}
+    void InvalidateHeaderCorner() override {}
+    std::int32_t SaveRecord(std::int32_t, std::int32_t) override { return 1; }
 };
 
 struct FilledSheet {
