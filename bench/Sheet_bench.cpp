@@ -74,6 +74,7 @@ double TimePeerCopy(std::int32_t shift) {
     const PeerMap map = FilledPeer();
     return Seconds([&] {
         PeerMap copy;
+        copy.reserve(map.size());
         for (const auto& [key, text] : map) {
             copy.emplace(CellPos{key.Row + shift, key.Col}, text);
         }

@@ -63,21 +63,15 @@ class GridMap {
     // Inserts at the head of the key's chain, or overwrites in place.
     template <class Given>
     Value& Set(CellPos key, Given&& given) {
-        const Handle found = m_index.Find(key);
-        if (found != PastLast) {
-            Node& node = NodeAt(found);
+        Handle& place = m_index.Locate(key);
+        if (place != PastLast) {
+            Node& node = NodeAt(place);
             node.value = std::forward<Given>(given);
             return node.value;
         }
-        const Handle added = TakeNode();
+        const Handle added = FillNode(std::forward<Given>(given));
+        m_index.Occupy(place, added);
         Node& node = NodeAt(added);
-        m_index.Insert(key, added);
-        try {
-            ::new (static_cast<void*>(&node.value)) Value(std::forward<Given>(given));
-        } catch (...) {
-            m_index.Erase(key);
-            throw;
-        }
         m_free = node.next;
         node.key = key;
         LinkAtHead(m_heads, added);
@@ -87,11 +81,10 @@ class GridMap {
 
     // False when there is no such key. Removing the last entry gives all memory back.
     bool Remove(CellPos key) {
-        const Handle node = m_index.Find(key);
+        const Handle node = m_index.Take(key);
         if (node == PastLast) {
             return false;
         }
-        m_index.Erase(key);
         Unlink(node);
         ReleaseNode(node);
         if (--m_count == 0) {
@@ -134,6 +127,11 @@ class GridMap {
     Handle Next(Handle handle) const {
         const Node& node = NodeAt(handle);
         return node.next != PastLast ? node.next : FirstFrom(Bucket(node.key) + 1);
+    }
+    // Whether any number at all is a good handle.
+    bool IsHandle(Handle handle) const {
+        return handle > PastLast && static_cast<std::size_t>(handle) < m_fresh &&
+               m_index.Find(NodeAt(handle).key) == handle;
     }
     const CellPos& KeyAt(Handle handle) const { return NodeAt(handle).key; }
     Value& ValueAt(Handle handle) { return NodeAt(handle).value; }
@@ -244,6 +242,19 @@ class GridMap {
         NodeAt(m_free).next = PastLast;
         return m_free;
     }
+    // Makes the value in a node to fill, which stays the head of the free list. Failure leaves the
+    // map as it was.
+    template <class Given>
+    Handle FillNode(Given&& given) {
+        try {
+            const Handle handle = TakeNode();
+            ::new (static_cast<void*>(&NodeAt(handle).value)) Value(std::forward<Given>(given));
+            return handle;
+        } catch (...) {
+            m_index.Abandon();
+            throw;
+        }
+    }
     void ReleaseNode(Handle handle) {
         Node& node = NodeAt(handle);
         std::destroy_at(&node.value);
@@ -274,15 +285,15 @@ class GridMap {
     }
 
     void PutAgain(Handle handle, std::optional<CellPos> key) {
-        const Handle present = key ? m_index.Find(*key) : PastLast;
-        if (key && present == PastLast) {
-            NodeAt(handle).key = *key;
-            LinkAtHead(m_heads, handle);
-            m_index.Insert(*key, handle);
-            return;
-        }
         if (key) {
-            NodeAt(present).value = std::move(NodeAt(handle).value);
+            Handle& place = m_index.Locate(*key);
+            if (place == PastLast) {
+                m_index.Occupy(place, handle);
+                NodeAt(handle).key = *key;
+                LinkAtHead(m_heads, handle);
+                return;
+            }
+            NodeAt(place).value = std::move(NodeAt(handle).value);
         }
         ReleaseNode(handle);
         --m_count;

@@ -2,10 +2,10 @@
 #include "grid/GridStore.h"
 
 #include <algorithm>
-#include <charconv>
 #include <limits>
 
 #include "grid/NameMatch.h"
+#include "valuetext/AtoI.h"
 #include "valuetext/ColumnLetters.h"
 #include "valuetext/Fields.h"
 
@@ -31,29 +31,10 @@ std::string_view TextAt(const TextMap& map, CellPos key) {
     return text == nullptr ? std::string_view() : std::string_view(*text);
 }
 
-// The number at the start of a field, 0 when there is none; a number too large sticks at the bound.
-std::int32_t FieldNumber(std::string_view field) {
-    std::string_view digits = TrimLeft(field);
-    if (digits.starts_with('+')) {
-        digits.remove_prefix(1);
-        if (digits.starts_with('-')) {
-            return 0;
-        }
-    }
-    std::int32_t number = 0;
-    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-    if (result.ec == std::errc::result_out_of_range) {
-        return digits.starts_with('-') ? std::numeric_limits<std::int32_t>::min()
-                                       : std::numeric_limits<std::int32_t>::max();
-    }
-    return number;
-}
-
 std::int16_t ColInfoNumber(const TextMap& colInfo, std::int32_t col, std::size_t field) {
     const std::string* const info = colInfo.Find(ColKey(col));
-    return info == nullptr
-               ? AbsentColInfo
-               : static_cast<std::int16_t>(FieldNumber(GetField(*info, field, VerticalTab)));
+    return info == nullptr ? AbsentColInfo
+                           : static_cast<std::int16_t>(AtoI(GetField(*info, field, VerticalTab)));
 }
 
 // Replaces a field of the column's entry, which starts as `fresh` and has at least two fields.

@@ -39,7 +39,7 @@ void ModificationLog::GetNextModifiedLog(std::int32_t& pos, std::int32_t* row, s
     if (pos == Map::BeforeFirst) {
         pos = ModifiedLogMap.First();
     }
-    if (pos <= Map::PastLast || IsEmpty()) {
+    if (!ModifiedLogMap.IsHandle(pos)) {
         pos = Map::PastLast;
         return;
     }

@@ -25,8 +25,8 @@ class ModificationLog {
     // -1 when there are entries, 0 when there are none.
     std::int32_t GetFirstModifiedLogPos() const;
     // From the entry that `pos` names (-1: the first one) reads key and type and moves `pos` to the
-    // entry behind it, 0 after the last. Each target may be null. With `pos` 0 or an empty log
-    // nothing is written but `pos`, which becomes 0.
+    // entry behind it, 0 after the last. Each target may be null. With a `pos`
+    // that names no entry nothing is written but `pos`, which becomes 0.
     void GetNextModifiedLog(std::int32_t& pos, std::int32_t* row, std::int32_t* col,
                             std::int16_t* type) const;
     void ResetModifiedLog();

@@ -12,6 +12,7 @@ void TileIndex::Clear() {
     std::fill(m_directory.begin(), m_directory.end(), Entry{});
     std::fill(m_numbers.begin(), m_numbers.end(), None);
     m_tileCount = 0;
+    m_located = nullptr;
     m_freeTile = NoTile;
     ChainFreeTiles(0);
 }
@@ -77,7 +78,14 @@ void TileIndex::ChainFreeTiles(std::size_t fromPlace) {
     }
 }
 
+// The directory stays at most half full.
 TileIndex::Entry* TileIndex::AddEntry(std::uint64_t tileKey) {
+    if ((m_tileCount + 1) * 2 > m_directory.size()) {
+        GrowDirectory();
+    }
+    if (m_freeTile == NoTile) {
+        AddTiles();
+    }
     const auto firstPlace = static_cast<std::uint32_t>(m_freeTile);
     m_freeTile = std::exchange(m_numbers[firstPlace], None);
     PutEntry({tileKey, firstPlace, 0});
@@ -86,7 +94,9 @@ TileIndex::Entry* TileIndex::AddEntry(std::uint64_t tileKey) {
 }
 
 // Takes an entry out and moves later members of its run forward, so that no run has a hole.
-void TileIndex::EraseEntry(std::size_t hole) {
+void TileIndex::DropEntry(Entry* entry) {
+    ReleaseTile(entry->firstPlace);
+    auto hole = static_cast<std::size_t>(entry - m_directory.data());
     const std::size_t mask = m_directory.size() - 1;
     for (std::size_t i = (hole + 1) & mask; m_directory[i].tileKey != NoTileKey;
          i = (i + 1) & mask) {

@@ -25,27 +25,40 @@ class TileIndex {
         return entry == nullptr ? None : m_numbers.data()[entry->firstPlace + PlaceInTile(key)];
     }
 
-    // Sets the number of a position that has none. The number must not be None. Allocation failure
-    // leaves the index as it was.
-    void Insert(CellPos key, Number number) {
-        Reserve();
+    // Where the number of a position stands, None if it has none yet; good until the index next
+    // changes. Makes the tile; Occupy must follow for a position that had none, or Abandon.
+    Number& Locate(CellPos key) {
         const std::uint64_t tileKey = TileKey(key);
-        Entry* entry = FindEntry(tileKey);
-        if (entry == nullptr) {
-            entry = AddEntry(tileKey);
+        m_located = FindEntry(tileKey);
+        if (m_located == nullptr) {
+            m_located = AddEntry(tileKey);
         }
-        m_numbers.data()[entry->firstPlace + PlaceInTile(key)] = number;
-        ++entry->count;
+        return m_numbers.data()[m_located->firstPlace + PlaceInTile(key)];
+    }
+    // Puts the number, not None, where Locate has just found none.
+    void Occupy(Number& place, Number number) {
+        place = number;
+        ++m_located->count;
+    }
+    // Gives back a tile that Locate made in vain.
+    void Abandon() {
+        if (m_located->count == 0) {
+            DropEntry(m_located);
+        }
     }
 
-    // Takes out the number of a position that has one.
-    void Erase(CellPos key) {
+    // Takes out the number of a position and returns it; None if it has none.
+    Number Take(CellPos key) {
         Entry* const entry = FindEntry(TileKey(key));
-        m_numbers.data()[entry->firstPlace + PlaceInTile(key)] = None;
-        if (--entry->count == 0) {
-            ReleaseTile(entry->firstPlace);
-            EraseEntry(static_cast<std::size_t>(entry - m_directory.data()));
+        if (entry == nullptr) {
+            return None;
         }
+        const Number taken =
+            std::exchange(m_numbers.data()[entry->firstPlace + PlaceInTile(key)], None);
+        if (taken != None && --entry->count == 0) {
+            DropEntry(entry);
+        }
+        return taken;
     }
 
     // Empties the index and keeps its memory, for filling it anew.
@@ -101,20 +114,12 @@ class TileIndex {
         return const_cast<Entry*>(std::as_const(*this).FindEntry(tileKey));
     }
 
-    // Room for one more tile. The directory stays at most half full.
-    void Reserve() {
-        if ((m_tileCount + 1) * 2 > m_directory.size()) {
-            GrowDirectory();
-        }
-        if (m_freeTile == NoTile) {
-            AddTiles();
-        }
-    }
     void GrowDirectory();
     void PutEntry(const Entry& entry);
     void AddTiles();
+    // With a tile of its own. Allocation failure leaves the index as it was.
     Entry* AddEntry(std::uint64_t tileKey);
-    void EraseEntry(std::size_t hole);
+    void DropEntry(Entry* entry);
     void ReleaseTile(std::uint32_t firstPlace);
     void ChainFreeTiles(std::size_t fromPlace);
 
@@ -127,6 +132,7 @@ class TileIndex {
     std::vector<Number> m_numbers;
     Number m_freeTile = NoTile;  // its first place
     std::size_t m_tileCount = 0;
+    Entry* m_located = nullptr;
 };
 
 }  // namespace veygrid

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <limits>
 #include <random>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -125,6 +126,42 @@ TEST(GridMap, HandleStaysGoodWhileOthersComeAndGo) {
     EXPECT_EQ(map.KeyAt(handle), (CellPos{5, 5}));
     EXPECT_EQ(map.ValueAt(handle), "kept");
     EXPECT_EQ(map.Next(handle), TextMap::PastLast);
+}
+
+TEST(GridMap, OnlyHandlesOfPresentEntriesAreHandles) {
+    TextMap map;
+    EXPECT_FALSE(map.IsHandle(1));
+    map.Set({5, 5}, "gone");
+    const TextMap::Handle gone = map.First();
+    map.Set({6, 6}, "kept");
+    map.Remove({5, 5});
+    EXPECT_FALSE(map.IsHandle(gone));
+    EXPECT_TRUE(map.IsHandle(map.First()));
+    EXPECT_FALSE(map.IsHandle(TextMap::PastLast));
+    EXPECT_FALSE(map.IsHandle(TextMap::BeforeFirst));
+    EXPECT_FALSE(map.IsHandle(std::numeric_limits<TextMap::Handle>::max()));
+    EXPECT_FALSE(map.IsHandle(std::numeric_limits<TextMap::Handle>::min()));
+}
+
+struct ThrowsWhenCopied {
+    ThrowsWhenCopied() = default;
+    ThrowsWhenCopied(const ThrowsWhenCopied& /*other*/) { throw std::runtime_error("copy"); }
+    ThrowsWhenCopied(ThrowsWhenCopied&&) = default;
+    ThrowsWhenCopied& operator=(const ThrowsWhenCopied&) = default;
+    ThrowsWhenCopied& operator=(ThrowsWhenCopied&&) = default;
+};
+
+TEST(GridMap, AValueThatCannotBeMadeLeavesTheMapAsItWas) {
+    GridMap<ThrowsWhenCopied> map;
+    map.Set({1, 1}, ThrowsWhenCopied());
+    const ThrowsWhenCopied bad;
+    EXPECT_THROW(map.Set({2, 1}, bad), std::runtime_error);
+    EXPECT_THROW(map.Set({900, 900}, bad), std::runtime_error);
+    EXPECT_EQ(map.Count(), 1U);
+    EXPECT_TRUE(map.Check());
+    map.Set({900, 900}, ThrowsWhenCopied());
+    EXPECT_EQ(map.Count(), 2U);
+    EXPECT_TRUE(map.Check());
 }
 
 TEST(GridMap, MovingHandsOverEveryEntry) {

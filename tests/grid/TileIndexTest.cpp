@@ -11,6 +11,12 @@
 namespace veygrid {
 namespace {
 
+void Insert(TileIndex& index, CellPos key, TileIndex::Number number) {
+    TileIndex::Number& place = index.Locate(key);
+    ASSERT_EQ(place, TileIndex::None);
+    index.Occupy(place, number);
+}
+
 TEST(TileIndex, StartsWithoutMemoryAndFindsNothing) {
     const TileIndex index;
     EXPECT_EQ(index.Find({1, 1}), TileIndex::None);
@@ -22,7 +28,7 @@ TEST(TileIndex, NeighboursInATileAreDistinct) {
     TileIndex index;
     for (std::int32_t row = 0; row < 16; ++row) {
         for (std::int32_t col = 0; col < 4; ++col) {
-            index.Insert({row, col}, row * 4 + col + 1);
+            Insert(index, {row, col}, row * 4 + col + 1);
         }
     }
     for (std::int32_t row = 0; row < 16; ++row) {
@@ -36,35 +42,47 @@ TEST(TileIndex, NeighboursInATileAreDistinct) {
 
 TEST(TileIndex, ClearKeepsMemoryAndForgetsEverything) {
     TileIndex index;
-    index.Insert({5, 5}, 7);
+    Insert(index, {5, 5}, 7);
     const std::size_t memory = index.MemoryBytes();
     index.Clear();
     EXPECT_EQ(index.Find({5, 5}), TileIndex::None);
     EXPECT_EQ(index.Count(), 0U);
     EXPECT_EQ(index.MemoryBytes(), memory);
-    index.Insert({5, 5}, 8);
+    Insert(index, {5, 5}, 8);
     EXPECT_EQ(index.Find({5, 5}), 8);
 }
 
 TEST(TileIndex, AnEmptiedTileIsUsedAgain) {
     TileIndex index;
-    index.Insert({1, 1}, 1);
+    Insert(index, {1, 1}, 1);
     const std::size_t memory = index.MemoryBytes();
     for (std::int32_t tile = 0; tile < 1000; ++tile) {
-        index.Erase({tile * 16 + 1, 1});
-        index.Insert({(tile + 1) * 16 + 1, 1}, tile + 2);
+        EXPECT_EQ(index.Take({tile * 16 + 1, 1}), tile + 1);
+        Insert(index, {(tile + 1) * 16 + 1, 1}, tile + 2);
     }
     EXPECT_LE(index.MemoryBytes(), 2 * memory);
+}
+
+TEST(TileIndex, AnAbandonedTileIsGivenBack) {
+    TileIndex index;
+    index.Locate({1, 1});
+    index.Abandon();
+    EXPECT_EQ(index.Find({1, 1}), TileIndex::None);
+    Insert(index, {1, 1}, 5);
+    index.Locate({2, 2});
+    index.Abandon();
+    EXPECT_EQ(index.Find({1, 1}), 5);
+    EXPECT_EQ(index.Count(), 1U);
 }
 
 TEST(TileIndex, ExtremePositionsAreKeysLikeAnyOther) {
     constexpr auto Lowest = std::numeric_limits<std::int32_t>::min();
     constexpr auto Highest = std::numeric_limits<std::int32_t>::max();
     TileIndex index;
-    index.Insert({-1, -1}, 1);
-    index.Insert({Lowest, Highest}, 2);
-    index.Insert({Highest, Lowest}, 3);
-    index.Insert({0, 0}, 4);
+    Insert(index, {-1, -1}, 1);
+    Insert(index, {Lowest, Highest}, 2);
+    Insert(index, {Highest, Lowest}, 3);
+    Insert(index, {0, 0}, 4);
     EXPECT_EQ(index.Find({-1, -1}), 1);
     EXPECT_EQ(index.Find({Lowest, Highest}), 2);
     EXPECT_EQ(index.Find({Highest, Lowest}), 3);
@@ -85,10 +103,11 @@ TEST(TileIndex, RandomInsertionsAndErasuresMatchAnOrderedMap) {
         const auto found = model.find({key.Row, key.Col});
         ASSERT_EQ(index.Find(key), found == model.end() ? TileIndex::None : found->second);
         if (found == model.end()) {
-            index.Insert(key, i);
+            ASSERT_EQ(index.Take(key), TileIndex::None);
+            Insert(index, key, i);
             model[{key.Row, key.Col}] = i;
         } else {
-            index.Erase(key);
+            ASSERT_EQ(index.Take(key), found->second);
             model.erase(found);
         }
     }
