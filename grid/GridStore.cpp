@@ -2,7 +2,6 @@
 #include "grid/GridStore.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "grid/NameMatch.h"
 #include "valuetext/AtoI.h"
