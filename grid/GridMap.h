@@ -211,8 +211,9 @@ class GridMap {
         union {
             Value value;
         };
-        Node() : previous(PastLast), next(PastLast) {}
-        ~Node() {}
+        // The value is made and destroyed by hand.
+        Node() : previous(PastLast), next(PastLast) {}  // NOLINT(modernize-use-equals-default)
+        ~Node() {}                                      // NOLINT(modernize-use-equals-default)
     };
     static constexpr std::size_t BlockShift = 8;
     static constexpr std::size_t BlockSize = std::size_t{1} << BlockShift;

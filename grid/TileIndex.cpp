@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <random>
 #include <stdexcept>
 #include <utility>
 
@@ -35,6 +36,14 @@ std::size_t TileIndex::Count() const {
         count += entry.count;
     }
     return count;
+}
+
+std::uint64_t TileIndex::ProcessMultiplier() {
+    static const std::uint64_t multiplier = [] {
+        std::random_device device;
+        return (std::uint64_t{device()} << 32U | device()) | 1U;
+    }();
+    return multiplier;
 }
 
 void TileIndex::PutEntry(const Entry& entry) {

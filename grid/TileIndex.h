@@ -93,7 +93,7 @@ class TileIndex {
     // Where a tile's search in the directory begins. Few instructions on purpose: the shorter this
     // path, the more look-ups the processor has under way at once.
     std::size_t Home(std::uint64_t tileKey) const {
-        return static_cast<std::size_t>(tileKey * 0x9E3779B97F4A7C15U >> m_homeShift);
+        return static_cast<std::size_t>(tileKey * m_multiplier >> m_homeShift);
     }
 
     // The directory always has free entries; before the first tile it has none at all.
@@ -114,6 +114,9 @@ class TileIndex {
         return const_cast<Entry*>(std::as_const(*this).FindEntry(tileKey));
     }
 
+    // An odd number that each process draws anew, so that no file can be made whose positions all
+    // begin their search at one place.
+    static std::uint64_t ProcessMultiplier();
     void GrowDirectory();
     void PutEntry(const Entry& entry);
     void AddTiles();
@@ -127,6 +130,7 @@ class TileIndex {
     static constexpr unsigned FirstDirectoryBits = 2;
 
     std::vector<Entry> m_directory;
+    std::uint64_t m_multiplier = ProcessMultiplier();
     unsigned m_homeShift = 64 - FirstDirectoryBits;
     // The tiles one behind the other; the first number of a free tile names the next free one.
     std::vector<Number> m_numbers;

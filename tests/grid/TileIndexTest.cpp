@@ -90,6 +90,30 @@ TEST(TileIndex, ExtremePositionsAreKeysLikeAnyOther) {
     EXPECT_EQ(index.Find({-1, 0}), TileIndex::None);
 }
 
+// Positions whose tile keys are multiples of the inverse of a well-known multiplier: under it they
+// would all begin their search at one place, and this test would take minutes.
+TEST(TileIndex, PositionsMadeToCollideUnderAKnownMultiplierDoNotCollide) {
+    constexpr std::uint64_t Known = 0x9E3779B97F4A7C15U;
+    std::uint64_t inverse = Known;
+    for (int i = 0; i < 6; ++i) {
+        inverse *= 2 - Known * inverse;
+    }
+    ASSERT_EQ(inverse * Known, 1U);
+    TileIndex index;
+    TileIndex::Number number = 0;
+    for (std::uint64_t j = 1; number < 200'000; ++j) {
+        const std::uint64_t tileKey = j * inverse;
+        const std::uint64_t row = tileKey >> 32U;
+        const std::uint64_t col = tileKey & 0xFFFFFFFFU;
+        if (row < 0x08000000U && col < 0x20000000U) {
+            Insert(index,
+                   {static_cast<std::int32_t>(row << 4U), static_cast<std::int32_t>(col << 2U)},
+                   ++number);
+        }
+    }
+    EXPECT_EQ(index.Count(), 200'000U);
+}
+
 TEST(TileIndex, RandomInsertionsAndErasuresMatchAnOrderedMap) {
     std::mt19937 random(3);
     TileIndex index;
