@@ -39,6 +39,9 @@ class GridStore {
     // Row 0 stands for the active row, column 0 for the active column. A bound dataset answers in
     // place of the map.
     std::string CellText(std::int32_t row, std::int32_t col) const;
+    // The same text without a copy: where the sheet holds it, or in `buffer` when it came from a
+    // dataset. Good until the cell or the buffer changes.
+    std::string_view CellTextRef(std::int32_t row, std::int32_t col, std::string& buffer) const;
     // Row -1 stands for the active row, column -1 for the active column; 0 is taken literally.
     void SetCellText(std::int32_t row, std::int32_t col, std::string_view text);
     // Sets and logs; ignores a row or column below 1.
@@ -48,7 +51,8 @@ class GridStore {
     // Column of the first entry of `ColNameMap`, in iteration order, whose trimmed upper-cased name
     // equals that of `colName`; 0 when there is none.
     std::int32_t FindColumnByName(std::string_view colName) const;
-    // Writes the fields of `data` side by side from `startCol` on.
+    // Writes the fields of `data`, the one behind the last delimiter too, side by side from
+    // `startCol` on. `data` must not lie inside the sheet.
     void SetRowData(std::int32_t row, std::int32_t startCol, std::string_view data, char delimiter);
 
     // Pixels; -1 outside 1 to `MaxRow` or `MaxCol`.
@@ -68,7 +72,7 @@ class GridStore {
     void SetColName(std::int32_t col, std::string_view name);
 
     std::int16_t ColType(std::int32_t col) const;
-    // Replaces the column's format with the one that belongs to the type.
+    // Replaces the column's whole format with the one that belongs to the type.
     void SetColType(std::int32_t col, std::int16_t type);
     std::int16_t KeyColumnFlag(std::int32_t col) const;
     void SetKeyColumnFlag(std::int32_t col, std::int16_t flag);
@@ -85,6 +89,9 @@ class GridStore {
     void SetDefCellFormat(const CCellFormat* format);
     std::string CellShowFormat(std::int32_t row, std::int32_t col) const;
     void SetCellShowFormat(std::int32_t row, std::int32_t col, std::string_view showFormat);
+
+    // The `Param` setter: stores and notifies.
+    void SetParam(std::string_view name, std::string_view value);
 
     void RaiseLast(std::int32_t row, std::int32_t col);
     void LogModification(std::int32_t row, std::int32_t col, ModifiedType type);
@@ -119,6 +126,9 @@ class GridStore {
     bool QueryBound = false;
 
   private:
+    void RaiseLastRow(std::int32_t row);
+    void RaiseLastCol(std::int32_t col);
+
     StoreWatcher& m_watcher;
 };
 
