@@ -1,8 +1,11 @@
 // The format record of a cell, a row, a column or the sheet.
 #pragma once
 
+#include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
+#include <span>
 #include <string>
 
 #include "grid/LogFont.h"
@@ -16,6 +19,9 @@ inline constexpr std::int32_t NoFontWeight = -1;
 enum class HorizontalAlign : std::uint16_t { General = 0, Left = 1, Center = 2, Right = 4 };
 // Vertical alignment, the high byte of `CCellFormat::Align` in its place.
 enum class VerticalAlign : std::uint16_t { Top = 0, Middle = 0x0100, Bottom = 0x0200 };
+
+// The font record as hosts exchange it.
+using FontBytes = std::array<std::uint8_t, sizeof(LogFont)>;
 
 // A plain value: copies share nothing. A fresh one is in the reset state.
 struct CCellFormat {
@@ -51,7 +57,16 @@ struct CCellFormat {
     void SetReadOnly(bool value) {
         Flags = static_cast<std::uint8_t>(value ? Flags | ReadOnlyFlag : Flags & ~ReadOnlyFlag);
     }
+    std::int16_t GetDataType() const { return DataType; }
+    void SetDataType(std::int16_t value) { DataType = static_cast<std::uint8_t>(value); }
     bool NamesFont() const { return Font.lfWeight != NoFontWeight; }
+    FontBytes GetFontBytes() const { return std::bit_cast<FontBytes>(Font); }
+    // Takes what there is of the first 60 bytes; the rest of the font stays.
+    void SetFontBytes(std::span<const std::uint8_t> bytes) {
+        FontBytes font = GetFontBytes();
+        std::copy_n(bytes.begin(), std::min(bytes.size(), font.size()), font.begin());
+        Font = std::bit_cast<LogFont>(font);
+    }
 };
 
 }  // namespace veygrid
