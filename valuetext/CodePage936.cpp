@@ -211,7 +211,8 @@ bool IsUtf8(std::string_view text) {
 
 std::string Utf8FromCharacter(char32_t character) {
     std::string out;
-    AppendUtf8(out, character);
+    const bool valid = character <= 0x10FFFF && !IsSurrogate(character);
+    AppendUtf8(out, valid ? character : ReplacementCharacter);
     return out;
 }
 

@@ -32,7 +32,7 @@ std::string CodePage936FromUtf16(std::u16string_view text,
 // True when the bytes are well-formed UTF-8.
 bool IsUtf8(std::string_view text);
 
-// The character as UTF-8.
+// The character as UTF-8; a number that is no character gives ReplacementCharacter.
 std::string Utf8FromCharacter(char32_t character);
 
 }  // namespace veygrid

@@ -68,10 +68,12 @@ std::string_view TrimRightMark(std::string_view text, char mark) {
 
 std::string UpperCase(std::string_view text) {
     std::string result(text);
-    for (std::size_t i = 0; i < result.size(); i += CharLength(text, i)) {
-        if (CharLength(text, i) == 1) {
-            result[i] = ToUpperAscii(result[i]);
+    for (std::size_t i = 0; i < text.size();) {
+        const std::size_t length = CharLength(text, i);
+        if (length == 1) {
+            result[i] = ToUpperAscii(text[i]);
         }
+        i += length;
     }
     return result;
 }
@@ -112,7 +114,7 @@ std::size_t FindText(std::string_view text, std::string_view what, std::size_t s
         return text.find(what, start);
     }
     for (std::size_t i = start; i + what.size() <= text.size(); i += CharLength(text, i)) {
-        if (text.compare(i, what.size(), what) == 0) {
+        if (text[i] == what.front() && text.compare(i, what.size(), what) == 0) {
             return i;
         }
     }
@@ -124,8 +126,8 @@ std::size_t CountChar(std::string_view text, char c) {
         return static_cast<std::size_t>(std::count(text.begin(), text.end(), c));
     }
     std::size_t count = 0;
-    for (std::size_t i = 0; i < text.size(); i += CharLength(text, i)) {
-        count += CharLength(text, i) == 1 && text[i] == c ? 1U : 0U;
+    for (std::size_t i = FindChar(text, c); i != NotFound; i = FindChar(text, c, i + 1)) {
+        ++count;
     }
     return count;
 }
