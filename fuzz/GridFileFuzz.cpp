@@ -8,9 +8,10 @@
 namespace veygrid {
 namespace {
 
-// What the reader promises: so much for each byte of the stream, and a fixed amount.
+// What the reader promises for each byte of the stream. Its fixed amount is held to less than it
+// promises, since the streams here are short.
 constexpr std::size_t MostBytesPerByte = 160;
-constexpr std::size_t MostFixedBytes = std::size_t{1} << 20U;
+constexpr std::size_t MostFixedBytes = std::size_t{1} << 18U;
 
 // A sheet and what a file holds beside it.
 struct Sheet {
