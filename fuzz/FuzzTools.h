@@ -40,7 +40,7 @@ inline bool IsCharStart(std::string_view text, std::size_t pos) {
     return i == pos;
 }
 
-// True when the part, which need not be a view into the whole text, has neither blank at its ends.
+// True when no blank stands at either end of the text.
 inline bool IsTrimmed(std::string_view text) {
     return text.empty() || (!IsBlankChar(text.front()) && !IsBlankChar(text.back()));
 }
