@@ -30,21 +30,21 @@ Span ResolveSpan(std::int32_t first, std::int32_t last, std::int32_t openEnd) {
     return {std::min(from, to), std::max(from, to)};
 }
 
-[[noreturn]] void ThrowTooLong() {
-    throw std::length_error("the text of the range is longer than " +
-                            std::to_string(MostRangeTextBytes) + " bytes");
+[[noreturn]] void ThrowTooLong(std::size_t mostBytes) {
+    throw std::length_error("the text of the range is longer than " + std::to_string(mostBytes) +
+                            " bytes");
 }
 
 // Tabs and line ends of a header row and the rows below it.
-std::size_t SeparatorBytes(Span rows, Span cols) {
-    // Both factors stay below 2^31, so the product cannot wrap.
-    if (rows.Count() > MostRangeTextBytes || cols.Count() > MostRangeTextBytes) {
-        ThrowTooLong();
+std::size_t SeparatorBytes(Span rows, Span cols, std::size_t mostBytes) {
+    // Both factors stay below 2^31, so that the product cannot wrap.
+    if (rows.Count() > mostBytes || cols.Count() - 1 > mostBytes) {
+        ThrowTooLong(mostBytes);
     }
     const std::uint64_t bytes =
         (rows.Count() + 1) * (cols.Count() - 1) + rows.Count() * LineEnd.size();
-    if (bytes > MostRangeTextBytes) {
-        ThrowTooLong();
+    if (bytes > mostBytes) {
+        ThrowTooLong(mostBytes);
     }
     return static_cast<std::size_t>(bytes);
 }
@@ -52,9 +52,9 @@ std::size_t SeparatorBytes(Span rows, Span cols) {
 // The text of a range while it grows, with the bytes that its fields may still take.
 class RangeText {
   public:
-    RangeText(Span rows, Span cols) : m_cols(cols) {
-        const std::size_t separators = SeparatorBytes(rows, cols);
-        m_budget = MostRangeTextBytes - separators;
+    RangeText(Span rows, Span cols, std::size_t mostBytes) : m_cols(cols), m_most(mostBytes) {
+        const std::size_t separators = SeparatorBytes(rows, cols, mostBytes);
+        m_budget = mostBytes - separators;
         m_text.reserve(separators);
     }
 
@@ -74,13 +74,14 @@ class RangeText {
   private:
     void Append(std::string_view field) {
         if (field.size() > m_budget) {
-            ThrowTooLong();
+            ThrowTooLong(m_most);
         }
         m_budget -= field.size();
         m_text += field;
     }
 
     Span m_cols;
+    std::size_t m_most;
     std::size_t m_budget;
     std::string m_text;
 };
@@ -88,12 +89,12 @@ class RangeText {
 }  // namespace
 
 std::string GetRangeText(const GridStore& store, std::int32_t row1, std::int32_t col1,
-                         std::int32_t row2, std::int32_t col2) {
+                         std::int32_t row2, std::int32_t col2, std::size_t mostBytes) {
     const GridProperties& sheet = store.Properties;
     const bool bound = store.BoundDataset != nullptr;
     const Span rows = ResolveSpan(row1, row2, bound ? sheet.MaxRow : sheet.LastRow);
     const Span cols = ResolveSpan(col1, col2, bound ? sheet.MaxCol : sheet.LastCol);
-    RangeText text(rows, cols);
+    RangeText text(rows, cols, mostBytes);
     std::string buffer;
     text.AppendRow([&](std::int32_t col) -> std::string_view {
         buffer = store.ColHeader(col);
