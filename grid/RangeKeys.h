@@ -20,7 +20,7 @@ constexpr bool IsSmallBlock(const CellRange& range, std::size_t entries) {
     const std::int64_t height = std::int64_t{range.Row2} - range.Row1 + 1;
     const std::int64_t width = std::int64_t{range.Col2} - range.Col1 + 1;
     const auto limit = static_cast<std::int64_t>(entries);
-    return height < 1 || width < 1 || (height <= limit && width <= limit / height);
+    return height >= 1 && width >= 1 && height <= limit && width <= limit / height;
 }
 
 // Keys of the entries that the range covers as it stands, not normalised. Down the columns from
