@@ -32,7 +32,7 @@ std::size_t LastCharStart(std::string_view text) {
 }
 
 unsigned CharCode(std::string_view text, std::size_t pos, std::size_t length) {
-    const auto first = static_cast<unsigned char>(text[pos]);
+    const unsigned first = static_cast<unsigned char>(text[pos]);
     return length == 1 ? first : first << 8U | static_cast<unsigned char>(text[pos + 1]);
 }
 
