@@ -34,6 +34,11 @@ class GridMap {
     static constexpr Handle PastLast = 0;
     static constexpr std::size_t BucketCount = 17;
 
+    // The chain, from 0, in which a key stands.
+    static std::size_t Bucket(CellPos key) {
+        return (static_cast<std::uint32_t>(key.Row) >> 4U) % BucketCount;
+    }
+
     GridMap() = default;
     GridMap(const GridMap&) = delete;
     GridMap& operator=(const GridMap&) = delete;
@@ -220,10 +225,6 @@ class GridMap {
     using Heads = std::array<Handle, BucketCount>;
     static constexpr std::size_t NoSlot = static_cast<std::size_t>(-1);
     static constexpr std::size_t FirstIndexSize = 16;
-
-    static std::size_t Bucket(CellPos key) {
-        return (static_cast<std::uint32_t>(key.Row) >> 4U) % BucketCount;
-    }
 
     // Eight neighbours in a row share the mixed part, so that a walk along rows stays within a
     // cache line of the index.

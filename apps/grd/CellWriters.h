@@ -1,7 +1,9 @@
 // Cells as text for people and for other programs.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "apps/grd/Options.h"
 #include "apps/grd/Progress.h"
@@ -15,22 +17,21 @@ namespace veygrid {
 struct CellsToWrite {
     const GridStore& Store;
     const SheetSlice& Slice;
-    bool Shown;          // texts as the show formats show them
-    bool Header;         // column headers stand in front, where the form has them
-    std::string Title;   // of an HTML page, in UTF-8
+    bool Shown;         // texts as the show formats show them
+    bool Header;        // column headers of the sheet's own stand in front, where the form has them
+    std::string Title;  // of a page, in UTF-8
 };
 
-// Every form but JSON writes empty cells too; above this many cells that makes no sense.
-inline constexpr std::int64_t MostCellsInForm = 100'000'000;
+// All forms are written in UTF-8. Progress counts the cells of the slice.
 
-// Writes UTF-8. Progress counts the cells of the slice.
+// Columns that line up, with blanks between them.
 void WriteAlignedText(const CellsToWrite& cells, TextOutput& out, Progress& progress);
 // Fields are quoted where they hold the delimiter, a quote or a line end.
 void WriteDelimited(const CellsToWrite& cells, char delimiter, std::string_view lineEnd,
                     TextOutput& out, Progress& progress);
-// An array of one object for each cell that has a text.
+// An array with an object for each cell that has a text, on a line of its own.
 void WriteJsonCells(const CellsToWrite& cells, TextOutput& out, Progress& progress);
-// A page of its own: one table, with alignment, colours and fonts.
+// A page with one table, with the alignment, colours and fonts of the cells.
 void WriteHtmlTable(const CellsToWrite& cells, TextOutput& out, Progress& progress);
 
 }  // namespace veygrid

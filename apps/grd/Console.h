@@ -19,9 +19,14 @@ class Console {
     virtual void WriteOut(std::string_view utf8) = 0;
     // Writes UTF-8 to the error output; what it does not take is lost.
     virtual void WriteError(std::string_view utf8) = 0;
+    virtual bool OutIsTerminal() = 0;
     // Where a progress bar goes: null unless the error output is a terminal.
     virtual std::ostream* ProgressStream() = 0;
 };
+
+// Writes "grd: message" and below it the details, each on a line that no control character breaks.
+void WriteMessage(Console& console, const std::string& message,
+                  const std::vector<std::string>& details = {});
 
 // The console of this process. To be called once, before any file is opened.
 std::unique_ptr<Console> OpenConsole();

@@ -1,4 +1,4 @@
-// Records of comma- or tab-separated text, read in place from one buffer.
+// Records of comma- or tab-separated text, read from one buffer without copying.
 #include "apps/grd/CsvReader.h"
 
 #include <cstring>
@@ -19,14 +19,37 @@ std::size_t CountLineEnds(std::string_view text) {
     return count;
 }
 
-char* FindQuote(char* from, char* end) {
-    void* found = std::memchr(from, Quote, static_cast<std::size_t>(end - from));
-    return found == nullptr ? end : static_cast<char*>(found);
+const char* FindQuote(const char* from, const char* end) {
+    const void* const found = std::memchr(from, Quote, static_cast<std::size_t>(end - from));
+    return found == nullptr ? end : static_cast<const char*>(found);
 }
 
 }  // namespace
 
-bool CsvReader::NextRecord(std::vector<std::string_view>& fields) {
+bool IsAsciiText(std::string_view text) {
+    // Without an early end, so that the loop runs over many bytes at once.
+    unsigned char all = 0;
+    for (const char c : text) {
+        all = static_cast<unsigned char>(all | static_cast<unsigned char>(c));
+    }
+    return all < 0x80;
+}
+
+std::string_view CsvField::Text(std::string& scratch) const {
+    if (!DoubledQuotes) {
+        return Raw;
+    }
+    scratch.clear();
+    for (std::size_t from = 0; from < Raw.size();) {
+        const std::size_t quote = Raw.find(Quote, from);
+        const std::size_t behind = quote == std::string_view::npos ? Raw.size() : quote + 1;
+        scratch.append(Raw, from, behind - from);
+        from = behind + 1;
+    }
+    return scratch;
+}
+
+bool CsvReader::NextRecord(std::vector<CsvField>& fields) {
     if (m_next == m_end) {
         return false;
     }
@@ -41,44 +64,37 @@ bool CsvReader::NextRecord(std::vector<std::string_view>& fields) {
     }
 }
 
-std::string_view CsvReader::PlainField() {
-    char* const start = m_next;
-    char* p = start;
+CsvField CsvReader::PlainField() {
+    const char* const start = m_next;
+    const char* p = start;
     const char delimiter = m_delimiter;
-    while (p != m_end && *p != delimiter && *p != '\n' && *p != '\r') {
-        ++p;
+    unsigned char all = 0;
+    for (; p != m_end && *p != delimiter && *p != '\n' && *p != '\r'; ++p) {
+        all = static_cast<unsigned char>(all | static_cast<unsigned char>(*p));
     }
     m_next = p;
-    return {start, static_cast<std::size_t>(p - start)};
+    return {{start, static_cast<std::size_t>(p - start)}, false, all < 0x80};
 }
 
-std::string_view CsvReader::QuotedField() {
-    char* const start = m_next + 1;
+CsvField CsvReader::QuotedField() {
+    const char* const start = m_next + 1;
     const std::size_t openedOn = m_line;
-    char* to = start;
-    for (char* from = start;;) {
-        char* const quote = FindQuote(from, m_end);
-        if (quote == m_end) {
-            throw CsvFault(openedOn, "the quote that opens a field is never closed");
-        }
-        const auto length = static_cast<std::size_t>(quote - from);
-        m_line += CountLineEnds({from, length});
-        if (to != from) {
-            std::memmove(to, from, length);
-        }
-        to += length;
-        from = quote + 1;
-        if (from == m_end || *from != Quote) {
-            m_next = from;
-            break;
-        }
-        *to++ = Quote;
-        ++from;
+    bool doubled = false;
+    const char* quote = FindQuote(start, m_end);
+    while (quote != m_end && quote + 1 != m_end && quote[1] == Quote) {
+        doubled = true;
+        quote = FindQuote(quote + 2, m_end);
     }
+    if (quote == m_end) {
+        throw CsvFault(openedOn, "the quote that opens a field is never closed");
+    }
+    const std::string_view raw(start, static_cast<std::size_t>(quote - start));
+    m_line += CountLineEnds(raw);
+    m_next = quote + 1;
     if (m_next != m_end && *m_next != m_delimiter && *m_next != '\n' && *m_next != '\r') {
         throw CsvFault(m_line, "text stands behind the closing quote of a field");
     }
-    return {start, static_cast<std::size_t>(to - start)};
+    return {raw, doubled, IsAsciiText(raw)};
 }
 
 void CsvReader::EndRecord() {

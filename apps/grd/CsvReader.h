@@ -1,8 +1,7 @@
-// Records of comma- or tab-separated text, read in place from one buffer.
+// Records of comma- or tab-separated text, read from one buffer without copying.
 #pragma once
 
 #include <cstddef>
-#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -21,15 +20,26 @@ class CsvFault : public std::runtime_error {
     std::size_t m_line;
 };
 
+struct CsvField {
+    // What stands in the buffer, without the quotes around it.
+    std::string_view Raw;
+    // Two quotes in a row stand for one.
+    bool DoubledQuotes = false;
+    bool Ascii = true;
+
+    // The field's text; lies in the buffer or in `scratch`.
+    std::string_view Text(std::string& scratch) const;
+};
+
 // Fields are split by the delimiter, records by CR, LF or CRLF; the last line end may be missing.
 // A field that begins with a quote runs to the next single quote: in it delimiters and line ends
 // are text and two quotes stand for one. A quote elsewhere is text. The text may be UTF-8 or code
 // page 936: no byte of a longer character looks like a quote, a delimiter or a line end.
 class CsvReader {
   public:
-    // The reader takes doubled quotes out in place, so that fields need no memory of their own; the
-    // buffer must outlive the fields. The delimiter is an ASCII character below 0x40.
-    CsvReader(std::span<char> text, char delimiter)
+    // The buffer must outlive the reader and the fields. The delimiter is an ASCII character below
+    // 0x40.
+    CsvReader(std::string_view text, char delimiter)
         : m_begin(text.data()),
           m_next(text.data()),
           m_end(m_begin + text.size()),
@@ -38,7 +48,7 @@ class CsvReader {
     // Appends the fields of the next record; false, with nothing appended, behind the last one. A
     // blank line is a record of one empty field. Throws CsvFault on a quote that is not closed and
     // on text between a closing quote and the next delimiter.
-    bool NextRecord(std::vector<std::string_view>& fields);
+    bool NextRecord(std::vector<CsvField>& fields);
 
     // 1-based line on which the record last read begins.
     std::size_t RecordLine() const { return m_recordLine; }
@@ -46,16 +56,19 @@ class CsvReader {
     std::size_t Position() const { return static_cast<std::size_t>(m_next - m_begin); }
 
   private:
-    std::string_view QuotedField();
-    std::string_view PlainField();
+    CsvField QuotedField();
+    CsvField PlainField();
     void EndRecord();
 
-    char* m_begin;
-    char* m_next;
-    char* m_end;
+    const char* m_begin;
+    const char* m_next;
+    const char* m_end;
     std::size_t m_line = 1;
     std::size_t m_recordLine = 1;
     char m_delimiter;
 };
+
+// Whether all bytes are below 0x80.
+bool IsAsciiText(std::string_view text);
 
 }  // namespace veygrid

@@ -3,6 +3,8 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace veygrid {
 
@@ -13,11 +15,16 @@ inline constexpr int ExitUsage = 2;
 inline constexpr int ExitDiffers = 1;
 inline constexpr int ExitDiffTrouble = 2;
 
-// Trouble with a file, told to the user as "grd: FILE: what".
+// Trouble with a file, told to the user as "grd: FILE: what", with a line for each detail below.
 class FileTrouble : public std::runtime_error {
   public:
-    FileTrouble(const std::string& file, const std::string& what)
-        : std::runtime_error(file + ": " + what) {}
+    FileTrouble(const std::string& file, const std::string& what,
+                std::vector<std::string> details = {})
+        : std::runtime_error(file + ": " + what), m_details(std::move(details)) {}
+    const std::vector<std::string>& Details() const { return m_details; }
+
+  private:
+    std::vector<std::string> m_details;
 };
 
 // Arguments that make no sense, told to the user as "grd: what".

@@ -1,0 +1,14 @@
+// Entry of grd, the command-line tool for grid files.
+#include <cstdlib>
+
+#include "apps/grd/GrdMain.h"
+#include "platform/FileSystem.h"
+
+int main(int count, char** arguments) {
+    const auto console = veygrid::OpenConsole();
+    const auto files = veygrid::MakeFileSystem();
+    veygrid::Session session(*console, *files);
+    const int code = veygrid::GrdMain(session, veygrid::ArgumentsInUtf8(count, arguments));
+    // Everything is written and closed; the sheet in memory goes with the process.
+    std::_Exit(code);
+}
