@@ -1,5 +1,4 @@
-// Separated text told literally, one byte at a time, to hold the reader that works in place
-// against.
+// Separated text told literally, one byte at a time, to hold the fast reader against.
 #pragma once
 
 #include <cstddef>
