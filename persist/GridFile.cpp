@@ -64,14 +64,6 @@ void ReadSizes(ArchiveReader& archive, SizeMap& map) {
     }
 }
 
-void WriteTexts(ArchiveWriter& archive, const TextMap& map) {
-    archive.WriteCount(map.Count());
-    for (const auto& [key, text] : map) {
-        archive.WriteCellPos(key);
-        archive.WriteString(text);
-    }
-}
-
 void ReadTexts(ArchiveReader& archive, TextMap& map) {
     for (std::uint32_t left = archive.ReadCount(LeastTextEntryBytes); left != 0; --left) {
         const CellPos key = archive.ReadCellPos();
@@ -79,12 +71,37 @@ void ReadTexts(ArchiveReader& archive, TextMap& map) {
     }
 }
 
-void WriteMaps(ArchiveWriter& archive, const GridStore& store) {
+class MapSource final : public CellTextSource {
+  public:
+    explicit MapSource(const TextMap& map) : m_map(map) {}
+
+    std::size_t Count() const override { return m_map.Count(); }
+    void WriteEntries(ArchiveWriter& archive) const override {
+        for (const auto& [key, text] : m_map) {
+            archive.WriteCellPos(key);
+            archive.WriteString(text);
+        }
+    }
+
+  private:
+    const TextMap& m_map;
+};
+
+void WriteTexts(ArchiveWriter& archive, const CellTextSource& texts) {
+    archive.WriteCount(texts.Count());
+    texts.WriteEntries(archive);
+}
+
+void WriteMaps(ArchiveWriter& archive, const GridStore& store, const CellTextSource& cells) {
     for (const SizeSection& section : SizeSections) {
         WriteSizes(archive, store.*section.map);
     }
     for (const TextSection& section : TextSections) {
-        WriteTexts(archive, store.*section.map);
+        if (section.map == &GridStore::CellTextMap) {
+            WriteTexts(archive, cells);
+        } else {
+            WriteTexts(archive, MapSource(store.*section.map));
+        }
     }
 }
 
@@ -274,10 +291,15 @@ const std::string& RefusedBannerText() {
 
 void WriteGrid(ArchiveWriter& archive, const GridStore& store, GridDocument& document,
                GridFileHost& host) {
+    WriteGrid(archive, store, MapSource(store.CellTextMap), document, host);
+}
+
+void WriteGrid(ArchiveWriter& archive, const GridStore& store, const CellTextSource& cells,
+               GridDocument& document, GridFileHost& host) {
     document.FileBanner = CurrentBanner;
     archive.WriteString(document.FileBanner);
     SaveProperties(archive, document.Stock, store.Properties);
-    WriteMaps(archive, store);
+    WriteMaps(archive, store, cells);
     WriteParams(archive, store.Params);
     WriteFormats(archive, store.CellFormatMap);
     WriteFormObjects(archive, document);

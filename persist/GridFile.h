@@ -66,10 +66,24 @@ class GridFileHost {
     virtual void RunQuery(std::int16_t /*getAllRecord*/) {}
 };
 
+// Cell texts that get into a file without having been in a map.
+class CellTextSource {
+  public:
+    virtual ~CellTextSource() = default;
+
+    virtual std::size_t Count() const = 0;
+    // Writes position and text of each cell, every position once, in the order in which a map
+    // would give them out.
+    virtual void WriteEntries(ArchiveWriter& archive) const = 0;
+};
+
 // Writes the whole stream in the current version and sets `FileBanner` and `SavedWindowRect` to
 // what is written. The caller closes the archive. Throws ArchiveError when the sink does.
 void WriteGrid(ArchiveWriter& archive, const GridStore& store, GridDocument& document,
                GridFileHost& host);
+// The same with these cell texts in place of those of the store.
+void WriteGrid(ArchiveWriter& archive, const GridStore& store, const CellTextSource& cells,
+               GridDocument& document, GridFileHost& host);
 
 // Reads a stream of any version into what is there: map entries and parameters are added to those
 // present, formats and form objects take their place. False when the banner is not that of a grid

@@ -15,9 +15,12 @@ constexpr std::size_t Gap = 2;
 class AlignedTextWriter {
   public:
     AlignedTextWriter(const CellsToWrite& cells, TextOutput& out, Progress& progress)
-        : m_cells(cells), m_out(out), m_progress(progress),
+        : m_cells(cells),
+          m_out(out),
+          m_progress(progress),
           m_header(cells.Header && HasOwnHeaders(cells.Store, cells.Slice.Range)) {
-        m_columns.resize(static_cast<std::size_t>(std::max<std::int64_t>(cells.Slice.ColCount(), 0)));
+        m_columns.resize(
+            static_cast<std::size_t>(std::max<std::int64_t>(cells.Slice.ColCount(), 0)));
     }
 
     void Write() {
@@ -74,8 +77,8 @@ class AlignedTextWriter {
 
     // Blanks are owed until a text follows them, so that no line ends in one.
     void Put(std::string_view text, std::size_t column, HorizontalAlign side) {
-        const std::size_t room = m_columns[column] - std::min<std::size_t>(m_columns[column],
-                                                                           DisplayWidth(text));
+        const std::size_t room =
+            m_columns[column] - std::min<std::size_t>(m_columns[column], DisplayWidth(text));
         const std::size_t front = side == HorizontalAlign::Right    ? room
                                   : side == HorizontalAlign::Center ? room / 2
                                                                     : 0;

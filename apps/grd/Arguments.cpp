@@ -289,8 +289,10 @@ class DiffSpec : public CommandSpec {
         : CommandSpec(main, "diff", "Tell how two grid files differ", DiffFooter) {
         App->add_option("FIRST", m_options.first, "A grid file")->required()->type_name("");
         App->add_option("SECOND", m_options.second, "Another")->required()->type_name("");
-        App->add_flag("--brief", m_options.brief, "Tell only whether they differ");
-        App->add_flag("--json", m_options.json, "Write a JSON array of the differences");
+        CLI::Option* const brief =
+            App->add_flag("--brief", m_options.brief, "Tell only whether they differ");
+        App->add_flag("--json", m_options.json, "Write a JSON array of the differences")
+            ->excludes(brief);
     }
     Command Finish() override { return m_options; }
 

@@ -58,8 +58,14 @@ std::string CellName(CellPos pos) {
     if (pos == CellPos{}) {
         return "the sheet";
     }
-    const std::string row = pos.Row == 0 ? "" : "R" + std::to_string(pos.Row);
-    return pos.Col == 0 ? row : row + "C" + std::to_string(pos.Col);
+    std::string name;
+    if (pos.Row != 0) {
+        name.append("R").append(std::to_string(pos.Row));
+    }
+    if (pos.Col != 0) {
+        name.append("C").append(std::to_string(pos.Col));
+    }
+    return name;
 }
 
 }  // namespace veygrid

@@ -85,9 +85,12 @@ HorizontalAlign SideOfText(const CCellFormat& format, std::string_view text) {
 }
 
 bool HasOwnHeaders(const GridStore& store, const CellRange& range) {
-    return std::any_of(store.ColHeaderMap.begin(), store.ColHeaderMap.end(), [&](auto entry) {
-        return entry.key.Row == 0 && entry.key.Col >= range.Col1 && entry.key.Col <= range.Col2;
-    });
+    for (const auto& [key, text] : store.ColHeaderMap) {
+        if (key.Row == 0 && key.Col >= range.Col1 && key.Col <= range.Col2) {
+            return true;
+        }
+    }
+    return false;
 }
 
 }  // namespace veygrid

@@ -52,7 +52,9 @@ int RunCommand(Session& session, const CellsOptions& options) {
     const CellsToWrite cells{grid.Store, slice, options.shown, options.header,
                              FileNameOf(options.file)};
     WriteText(session, options.output, [&](TextOutput& out) {
-        Progress progress(session.Terminal.ProgressStream(), slice.Cells.size());
+        // Text that runs over the terminal shows by itself how far it is.
+        const bool seen = options.output.empty() && session.Terminal.OutIsTerminal();
+        Progress progress(seen ? nullptr : session.Terminal.ProgressStream(), slice.Cells.size());
         WriteForm(options.form, cells, out, progress);
     });
     return ExitOk;

@@ -46,7 +46,8 @@ bool ColumnGuess::LooksLikeDate(std::string_view text) {
     if (IsStrictDate(text)) {
         return true;
     }
-    // The sheet itself takes most of these days for no dates; a column of dates is one all the same.
+    // The sheet itself takes most of these days for no dates; a column of dates is one all the
+    // same.
     std::string dayBefore(text);
     const std::size_t day = dayBefore.rfind("29");
     if (day == std::string::npos) {

@@ -19,6 +19,7 @@ class Console {
     virtual void WriteOut(std::string_view utf8) = 0;
     // Writes UTF-8 to the error output; what it does not take is lost.
     virtual void WriteError(std::string_view utf8) = 0;
+    virtual bool OutIsTerminal() = 0;
     // Where a progress bar goes: null unless the error output is a terminal.
     virtual std::ostream* ProgressStream() = 0;
 };

@@ -32,7 +32,8 @@ inline void WriteText(Session& session, const std::string& path,
         ConsoleSink sink(session.Terminal);
         writeTo(sink);
     } else {
-        ReplaceFile(session, path, writeTo);
+        // How much it will be, nobody knows; the text's own progress counts what goes into it.
+        ReplaceFile(session, path, 0, writeTo);
     }
 }
 

@@ -40,7 +40,9 @@ class CsvReader {
     // The buffer must outlive the reader and the fields. The delimiter is an ASCII character below
     // 0x40.
     CsvReader(std::string_view text, char delimiter)
-        : m_begin(text.data()), m_next(text.data()), m_end(m_begin + text.size()),
+        : m_begin(text.data()),
+          m_next(text.data()),
+          m_end(m_begin + text.size()),
           m_delimiter(delimiter) {}
 
     // Appends the fields of the next record; false, with nothing appended, behind the last one. A

@@ -12,8 +12,12 @@ class DelimitedWriter {
   public:
     DelimitedWriter(const CellsToWrite& cells, char delimiter, std::string_view lineEnd,
                     TextOutput& out, Progress& progress)
-        : m_cells(cells), m_out(out), m_progress(progress), m_delimiter(delimiter),
-          m_lineEnd(lineEnd), m_special{delimiter, '"', '\r', '\n', '\0'} {}
+        : m_cells(cells),
+          m_out(out),
+          m_progress(progress),
+          m_delimiter(delimiter),
+          m_lineEnd(lineEnd),
+          m_special{delimiter, '"', '\r', '\n', '\0'} {}
 
     void Write() {
         const CellRange& range = m_cells.Slice.Range;

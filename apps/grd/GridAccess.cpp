@@ -64,6 +64,21 @@ class ProgressSource final : public ByteSource {
     std::uint64_t m_done = 0;
 };
 
+class ProgressSink final : public ByteSink {
+  public:
+    ProgressSink(ByteSink& sink, Progress& progress) : m_sink(sink), m_progress(progress) {}
+
+    void Write(std::string_view bytes) override {
+        m_sink.Write(bytes);
+        m_progress.Reach(m_done += bytes.size());
+    }
+
+  private:
+    ByteSink& m_sink;
+    Progress& m_progress;
+    std::uint64_t m_done = 0;
+};
+
 // Keeps the rectangle that the file had: writing asks the host for the present one.
 class KeepingHost final : public GridFileHost {
   public:
@@ -73,6 +88,14 @@ class KeepingHost final : public GridFileHost {
   private:
     StoredRect m_rect;
 };
+
+// The port's messages name the path, which stands in front of them already.
+[[noreturn]] void ThrowTrouble(const std::string& path, const ArchiveError& error) {
+    std::string what = error.what();
+    const std::string named = " " + path;
+    const std::size_t at = path.empty() ? std::string::npos : what.find(named);
+    throw FileTrouble(path, at == std::string::npos ? what : what.erase(at, named.size()));
+}
 
 std::unique_ptr<ByteSource> OpenSource(Session& session, const std::string& path) {
     auto source = session.Files.OpenForReading(path);
@@ -91,6 +114,9 @@ Grid& Session::NewGrid() {
 Grid& LoadGrid(Session& session, const std::string& path) {
     try {
         const auto source = OpenSource(session, path);
+        if (source->Size() == 0) {
+            throw FileTrouble(path, "is empty, and no grid file");
+        }
         Progress progress(session.Terminal.ProgressStream(), source->Size());
         ProgressSource watched(*source, progress);
         ArchiveReader archive(watched);
@@ -103,26 +129,28 @@ Grid& LoadGrid(Session& session, const std::string& path) {
         grid.LeftOver = archive.Left();
         return grid;
     } catch (const ArchiveError& error) {
-        throw FileTrouble(path, error.what());
+        ThrowTrouble(path, error);
     }
 }
 
-void ReplaceFile(Session& session, const std::string& path,
+void ReplaceFile(Session& session, const std::string& path, std::uint64_t size,
                  const std::function<void(ByteSink&)>& write) {
     try {
         const auto replacement = session.Files.Replace(path);
         if (replacement == nullptr) {
             throw FileTrouble(path, WhyUnwritable(path));
         }
-        write(*replacement);
+        Progress progress(session.Terminal.ProgressStream(), size);
+        ProgressSink watched(*replacement, progress);
+        write(watched);
         replacement->Commit();
     } catch (const ArchiveError& error) {
-        throw FileTrouble(path, error.what());
+        ThrowTrouble(path, error);
     }
 }
 
 void SaveGrid(Session& session, const std::string& path, Grid& grid) {
-    ReplaceFile(session, path, [&](ByteSink& sink) {
+    ReplaceFile(session, path, grid.FileSize, [&](ByteSink& sink) {
         ArchiveWriter archive(sink);
         KeepingHost host(grid.Document.SavedWindowRect);
         WriteGrid(archive, grid.Store, grid.Document, host);
@@ -142,7 +170,7 @@ FileBytes ReadWholeFile(Session& session, const std::string& path) {
         }
         return bytes;
     } catch (const ArchiveError& error) {
-        throw FileTrouble(path, error.what());
+        ThrowTrouble(path, error);
     } catch (const std::bad_alloc&) {
         throw FileTrouble(path, "does not fit into memory");
     }

@@ -46,8 +46,9 @@ class Session {
 Grid& LoadGrid(Session& session, const std::string& path);
 
 // Puts the new content, which `write` gives to the sink, in the place of the file as a whole.
-// Throws FileTrouble when that fails; an earlier file is then as it was.
-void ReplaceFile(Session& session, const std::string& path,
+// Throws FileTrouble when that fails; an earlier file is then as it was. A progress bar counts up
+// to `size` bytes; none is shown for a size of 0.
+void ReplaceFile(Session& session, const std::string& path, std::uint64_t size,
                  const std::function<void(ByteSink&)>& write);
 
 // Writes the grid in the current version; the rectangle of the window stays the one it has.

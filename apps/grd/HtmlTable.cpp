@@ -36,9 +36,9 @@ void AppendHtml(std::string& out, std::string_view utf8) {
 // The usual look of the system colours that sheets name, by index; the window's white for others.
 std::uint32_t SystemColor(std::uint32_t index) {
     switch (index) {
-        case 8:    // text in a window
-        case 18:   // text on a button
-        case 6:    // a window's frame
+        case 8:   // text in a window
+        case 18:  // text on a button
+        case 6:   // a window's frame
             return 0x000000;
         case 15:  // the face of a button
         case 4:   // a menu
@@ -141,7 +141,7 @@ class StyleClasses {
         const std::string look = CssOfFormat(format);
         const auto [entry, added] = m_byLook.try_emplace(look);
         if (added && !look.empty()) {
-            entry->second = "f" + std::to_string(m_order.size() + 1);
+            entry->second.append("f").append(std::to_string(m_order.size() + 1));
             m_order.push_back(&entry->first);
         }
         m_names[&format] = &entry->second;
@@ -155,8 +155,12 @@ class StyleClasses {
 class HtmlWriter {
   public:
     HtmlWriter(const CellsToWrite& cells, TextOutput& out, Progress& progress)
-        : m_cells(cells), m_store(cells.Store), m_out(out), m_progress(progress),
-          m_classes(cells.Store), m_rowHeaders(cells.Store.Properties.ShowRowHeaders) {}
+        : m_cells(cells),
+          m_store(cells.Store),
+          m_out(out),
+          m_progress(progress),
+          m_classes(cells.Store),
+          m_rowHeaders(cells.Store.Properties.ShowRowHeaders) {}
 
     void Write() {
         WriteHead();
@@ -178,8 +182,9 @@ class HtmlWriter {
         std::string& text = m_out.Text();
         text += "<!DOCTYPE html>\n<html>\n<head>\n<meta charset=\"utf-8\">\n<title>";
         AppendHtml(text, m_cells.Title);
-        text += "</title>\n<style>\ntable{border-collapse:collapse;font:12px sans-serif;background:" +
-                CssColor(properties.BackColor) + "}\n";
+        text +=
+            "</title>\n<style>\ntable{border-collapse:collapse;font:12px sans-serif;background:" +
+            CssColor(properties.BackColor) + "}\n";
         text += "td,th{padding:1px 4px;text-align:left;vertical-align:top;white-space:pre}\n";
         if (properties.ShowHGridLines) {
             text += "td{border-top:" + line + ";border-bottom:" + line + "}\n";
@@ -187,7 +192,9 @@ class HtmlWriter {
         if (properties.ShowVGridLines) {
             text += "td{border-left:" + line + ";border-right:" + line + "}\n";
         }
-        text += "th{background:#e0e0e0;border:1px solid #a0a0a0;font-weight:normal;text-align:center}\n";
+        text +=
+            "th{background:#e0e0e0;border:1px solid "
+            "#a0a0a0;font-weight:normal;text-align:center}\n";
         text += "td.r{text-align:right}\ntd.c{text-align:center}\n";
         text += m_classes.Css() + "</style>\n</head>\n<body>\n<table>\n";
     }
@@ -204,7 +211,8 @@ class HtmlWriter {
         std::string& text = m_out.Text();
         text += "<colgroup>";
         if (m_rowHeaders) {
-            text += "<col style=\"width:" + std::to_string(m_store.Properties.RowHeaderWidth) + "px\">";
+            text +=
+                "<col style=\"width:" + std::to_string(m_store.Properties.RowHeaderWidth) + "px\">";
         }
         ForEachColumn([&](std::int32_t col) {
             const std::int32_t* const own = m_store.ColWidthMap.Find(ColKey(col));

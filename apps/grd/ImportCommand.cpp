@@ -65,8 +65,8 @@ void SetUpSheet(GridStore& store, const ImportedTable& table, const ImportOption
     properties.MaxCol = std::max(table.ColCount(), 1);
     properties.LastRow = table.RowCount();
     properties.LastCol = table.ColCount();
-    properties.RowHeaderWidth = std::max(properties.RowHeaderWidth,
-                                         PixelsFor(std::to_string(properties.MaxRow).size()));
+    properties.RowHeaderWidth =
+        std::max(properties.RowHeaderWidth, PixelsFor(std::to_string(properties.MaxRow).size()));
 }
 
 std::string Counted(std::int64_t count, const std::string& what) {
@@ -90,10 +90,16 @@ std::string Summary(const ImportOptions& options, const ImportedTable& table) {
     return text + (columns > 0 ? ")\n" : "\n");
 }
 
+ImportedTable ReadTable(Session& session, std::string_view text, TextEncoding encoding,
+                        const ImportOptions& options) {
+    Progress progress(session.Terminal.ProgressStream(), text.size());
+    return {text, encoding, options.delimiter, options.header, progress};
+}
+
 void WriteTable(Session& session, const ImportOptions& options, const ImportedTable& table) {
     Grid& grid = session.NewGrid();
     SetUpSheet(grid.Store, table, options);
-    ReplaceFile(session, options.output, [&](ByteSink& sink) {
+    ReplaceFile(session, options.output, table.Size(), [&](ByteSink& sink) {
         ArchiveWriter archive(sink);
         GridFileHost host;
         WriteGrid(archive, grid.Store, table, grid.Document, host);
@@ -122,8 +128,7 @@ int RunCommand(Session& session, const ImportOptions& options) {
         throw FileTrouble(options.file, "is empty");
     }
     try {
-        Progress progress(session.Terminal.ProgressStream(), text.size() * 2);
-        const ImportedTable table(text, encoding, options.delimiter, options.header, progress);
+        const ImportedTable table = ReadTable(session, text, encoding, options);
         CheckArguments(options, table);
         table.Report().Judge(session.Terminal, options.file, options.replace);
         WriteTable(session, options, table);

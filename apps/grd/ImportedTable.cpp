@@ -138,8 +138,7 @@ class ImportedTable::Encoder {
 };
 
 ImportedTable::ImportedTable(std::string_view text, TextEncoding encoding, char delimiter,
-                             bool header, Progress& progress)
-    : m_textSize(text.size()), m_progress(progress) {
+                             bool header, Progress& progress) {
     // A cell takes 9 bytes beside its text where the source has a delimiter.
     m_entries.Bytes.reserve(text.size() * 2);
     ArchiveWriter entries(m_entries);
@@ -155,7 +154,7 @@ ImportedTable::ImportedTable(std::string_view text, TextEncoding encoding, char 
             AddRow(texts, entries);
         }
         if (reader.Position() >= nextStep) {
-            m_progress.Reach(reader.Position());
+            progress.Reach(reader.Position());
             nextStep = reader.Position() + ProgressStep;
         }
     }
@@ -192,14 +191,13 @@ void ImportedTable::WriteEntries(ArchiveWriter& archive) const {
         chains[TextMap::Bucket(RowKey(row))].push_back(row);
     }
     const std::string_view entries = m_entries.Bytes;
-    for (std::size_t chain = 0; chain < chains.size(); ++chain) {
+    for (const std::vector<std::int32_t>& chain : chains) {
         // What was put in last stands first.
-        for (auto row = chains[chain].rbegin(); row != chains[chain].rend(); ++row) {
+        for (auto row = chain.rbegin(); row != chain.rend(); ++row) {
             const auto index = static_cast<std::size_t>(*row);
             const std::size_t begin = m_rowBegins[index - 1];
             archive.WriteBytes(entries.substr(begin, m_rowBegins[index] - begin));
         }
-        m_progress.Reach(m_textSize + m_textSize * (chain + 1) / chains.size());
     }
 }
 

@@ -22,13 +22,12 @@ namespace veygrid {
 TextEncoding TakeEncoding(std::string_view& text, TextEncoding wanted, const std::string& file);
 
 // Holds the records of the text as a grid file does: entries of the cell map, row for row. That
-// takes a quarter of the memory of a sheet, and no look-up: the order in which a map gives out cells
-// that were put in row by row is known beforehand.
+// takes a quarter of the memory of a sheet, and no look-up: the order in which a map gives out
+// cells that were put in row by row is known beforehand.
 class ImportedTable final : public CellTextSource {
   public:
     // Reads the whole text. Rows of the sheet count from 1 behind the header line; empty fields
-    // leave no cell. Throws CsvFault. Progress counts the bytes of the text twice, since writing
-    // takes as long as reading.
+    // leave no cell. Throws CsvFault. Progress counts the bytes of the text.
     ImportedTable(std::string_view text, TextEncoding encoding, char delimiter, bool header,
                   Progress& progress);
 
@@ -39,6 +38,8 @@ class ImportedTable final : public CellTextSource {
     const std::vector<ColumnGuess>& Columns() const { return m_columns; }
     const EncodeReport& Report() const { return m_report; }
 
+    // Bytes that the cells take in a file.
+    std::size_t Size() const { return m_entries.Bytes.size(); }
     std::size_t Count() const override { return m_count; }
     void WriteEntries(ArchiveWriter& archive) const override;
 
@@ -48,8 +49,6 @@ class ImportedTable final : public CellTextSource {
     void AddRow(const std::vector<std::string_view>& texts, ArchiveWriter& entries);
     void SeeText(std::size_t col, std::string_view text);
 
-    std::size_t m_textSize;
-    Progress& m_progress;
     MemorySink m_entries;
     // Where the entries of each row begin, and the end behind the last row.
     std::vector<std::size_t> m_rowBegins{0};

@@ -14,8 +14,8 @@ constexpr std::uint64_t BarSteps = 10000;
 }  // namespace
 
 Progress::Progress(std::ostream* out, std::uint64_t total, Clock clock)
-    : m_out(out),
-      m_total(std::max<std::uint64_t>(total, 1)),
+    : m_out(total == 0 ? nullptr : out),
+      m_total(total),
       m_clock(std::move(clock)),
       m_start(m_clock()) {}
 

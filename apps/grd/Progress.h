@@ -20,7 +20,8 @@ class Progress {
     // Work shorter than this shows no bar.
     static constexpr std::chrono::milliseconds Patience{700};
 
-    // `out` is where the bar goes, null for none; `total` is the amount of work, in any unit.
+    // `out` is where the bar goes, null for none; `total` is the amount of work, in any unit,
+    // 0 for an unknown one, which shows no bar either.
     Progress(
         std::ostream* out, std::uint64_t total,
         Clock clock = [] { return std::chrono::steady_clock::now(); });

@@ -21,12 +21,12 @@ std::vector<std::size_t> MakeRuns(std::vector<CellEntry>& cells) {
     while (begins.back() < cells.size() && begins.size() <= MostRuns) {
         const auto from = cells.begin() + static_cast<std::ptrdiff_t>(begins.back());
         const bool descends = from + 1 != cells.end() && StandsBefore(from[1], from[0]);
-        const auto last = descends ? std::is_sorted_until(from, cells.end(),
-                                                          [](const CellEntry& a,
-                                                             const CellEntry& b) {
-                                                              return StandsBefore(b, a);
-                                                          })
-                                   : std::is_sorted_until(from, cells.end(), StandsBefore);
+        const auto last = descends
+                              ? std::is_sorted_until(from, cells.end(),
+                                                     [](const CellEntry& a, const CellEntry& b) {
+                                                         return StandsBefore(b, a);
+                                                     })
+                              : std::is_sorted_until(from, cells.end(), StandsBefore);
         if (descends) {
             std::reverse(from, last);
         }

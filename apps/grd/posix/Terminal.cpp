@@ -38,6 +38,7 @@ class PosixConsole : public Console {
         }
     }
     void WriteError(std::string_view utf8) override { WriteAll(STDERR_FILENO, utf8); }
+    bool OutIsTerminal() override { return ::isatty(STDOUT_FILENO) != 0; }
     std::ostream* ProgressStream() override {
         return ::isatty(STDERR_FILENO) != 0 ? &std::cerr : nullptr;
     }

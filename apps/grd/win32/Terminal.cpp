@@ -131,6 +131,7 @@ class WindowsConsole : public Console {
         }
     }
     void WriteError(std::string_view utf8) override { m_error.Write(utf8); }
+    bool OutIsTerminal() override { return m_out.IsTerminal(); }
     std::ostream* ProgressStream() override { return m_error.IsTerminal() ? &std::cerr : nullptr; }
 
   private:
