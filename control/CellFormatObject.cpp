@@ -21,9 +21,7 @@ IUnknown* CellFormatObject::Make(IUnknown* outer) {
 
 ComPtr<IDispatch> CellFormatObject::MakeCopy(const CCellFormat& format) {
     auto* const object = new CellFormatObject(nullptr, format);
-    ComPtr<IDispatch> result;
-    result.Attach(object->Dispatch());
-    return result;
+    return Adopt(object->Dispatch());
 }
 
 const CCellFormat* CellFormatObject::RecordOf(IDispatch* object) {

@@ -14,6 +14,14 @@ namespace veygrid {
 
 using Microsoft::WRL::ComPtr;
 
+// Takes over a reference. The Attach of some versions of ComPtr adds one of its own.
+template <class Interface>
+ComPtr<Interface> Adopt(Interface* reference) {
+    ComPtr<Interface> owner;
+    *owner.GetAddressOf() = reference;
+    return owner;
+}
+
 // How a type library knows a type.
 struct ValueType {
     VARTYPE vt = VT_EMPTY;

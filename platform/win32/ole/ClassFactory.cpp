@@ -23,8 +23,7 @@ class Factory final : public OleObject {
                 if (outer != nullptr && iid != IID_IUnknown) {
                     return CLASS_E_NOAGGREGATION;
                 }
-                ComPtr<IUnknown> object;
-                object.Attach(m_owner.m_maker(outer));
+                const ComPtr<IUnknown> object = Adopt(m_owner.m_maker(outer));
                 return object->QueryInterface(iid, target);
             });
         }
@@ -46,8 +45,7 @@ class Factory final : public OleObject {
 
 HRESULT MakeClassFactory(ObjectMaker maker, REFIID iid, void** target) {
     return Answered(target, [&] {
-        ComPtr<IUnknown> factory;
-        factory.Attach((new Factory(maker))->Inner());
+        const ComPtr<IUnknown> factory = Adopt((new Factory(maker))->Inner());
         return factory->QueryInterface(iid, target);
     });
 }
