@@ -195,9 +195,13 @@ HRESULT UnregisterLibrary(RegistrationScope scope, const TypeLibraryId& library)
         if (scope == RegistrationScope::User) {
             return DeleteUserLibrary(library) ? S_OK : TYPE_E_REGISTRYACCESS;
         }
-        const HRESULT result =
-            ::UnRegisterTypeLib(library.id, library.major, library.minor, LANG_NEUTRAL, SystemKind);
-        return result == TYPE_E_REGISTRYACCESS ? S_OK : result;
+        OwnedBstr path;
+        if (FAILED(::QueryPathOfRegTypeLib(library.id, library.major, library.minor, LANG_NEUTRAL,
+                                           path.Address()))) {
+            return S_OK;
+        }
+        return ::UnRegisterTypeLib(library.id, library.major, library.minor, LANG_NEUTRAL,
+                                   SystemKind);
     });
 }
 
