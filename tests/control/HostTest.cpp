@@ -95,28 +95,70 @@ TEST(Host, AControlMayBePartOfAnotherObject) {
     EXPECT_TRUE(CanUnload());
 }
 
+// While it lives, the manifest beside the module stands in for registration.
+class ManifestInUse {
+  public:
+    ManifestInUse() {
+        Ocx::Handle();
+        const std::wstring module = Ocx::Path();
+        const std::wstring manifest = module.substr(0, module.size() - 4) + L".manifest";
+        ACTCTXW description{};
+        description.cbSize = sizeof description;
+        description.lpSource = manifest.c_str();
+        m_context = ::CreateActCtxW(&description);
+        EXPECT_NE(m_context, INVALID_HANDLE_VALUE);
+        EXPECT_TRUE(::ActivateActCtx(m_context, &m_cookie));
+    }
+    ManifestInUse(const ManifestInUse&) = delete;
+    ManifestInUse& operator=(const ManifestInUse&) = delete;
+    ~ManifestInUse() {
+        ::DeactivateActCtx(0, m_cookie);
+        ::ReleaseActCtx(m_context);
+    }
+
+  private:
+    HANDLE m_context = nullptr;
+    ULONG_PTR m_cookie = 0;
+};
+
 TEST(Host, TheManifestBesideTheModuleServesWithoutRegistration) {
-    Ocx::Handle();
-    const std::wstring module = Ocx::Path();
-    const std::wstring manifest = module.substr(0, module.size() - 4) + L".manifest";
-    ACTCTXW description{};
-    description.cbSize = sizeof description;
-    description.lpSource = manifest.c_str();
-    const HANDLE context = ::CreateActCtxW(&description);
-    ASSERT_NE(context, INVALID_HANDLE_VALUE);
-    ULONG_PTR cookie = 0;
-    ASSERT_TRUE(::ActivateActCtx(context, &cookie));
+    const ManifestInUse manifest;
     CLSID clsid{};
     EXPECT_EQ(::CLSIDFromProgID(L"VEYGRID.VeyGridCtrl.1", &clsid), S_OK);
     ComPtr<IDispatch> grid;
-    EXPECT_EQ(::CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
+    ASSERT_EQ(::CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
                                  reinterpret_cast<void**>(grid.GetAddressOf())),
               S_OK);
-    if (grid != nullptr) {
-        EXPECT_EQ(Late(grid.Get()).Number(L"MaxRow"), 50);
+    EXPECT_EQ(Late(grid.Get()).Number(L"MaxRow"), 50);
+}
+
+TEST(Host, TheSystemsOwnHostWindowShowsTheControl) {
+    const ManifestInUse manifest;
+    const HMODULE atl = ::LoadLibraryW(L"atl.dll");
+    ASSERT_NE(atl, nullptr);
+    const auto entry = [atl](const char* name) {
+        return reinterpret_cast<void*>(::GetProcAddress(atl, name));
+    };
+    ASSERT_TRUE(reinterpret_cast<BOOL(WINAPI*)()>(entry("AtlAxWinInit"))());
+    const HWND host =
+        ::CreateWindowExW(WS_EX_TOOLWINDOW, L"AtlAxWin", L"VEYGRID.VeyGridCtrl.1", WS_POPUP, 0, 0,
+                          300, 200, nullptr, nullptr, nullptr, nullptr);
+    ASSERT_NE(host, nullptr);
+    {
+        ComPtr<IUnknown> control;
+        ASSERT_EQ(reinterpret_cast<HRESULT(WINAPI*)(HWND, IUnknown**)>(entry("AtlAxGetControl"))(
+                      host, control.GetAddressOf()),
+                  S_OK);
+        const HWND window = Container::WindowOf(control);
+        EXPECT_TRUE(::IsChild(host, window));
+        RECT client{};
+        ::GetClientRect(window, &client);
+        EXPECT_EQ(client.right, 300);
+        EXPECT_EQ(client.bottom, 200);
+        EXPECT_EQ(Late(control).Number(L"MaxCol"), 20);
     }
-    ::DeactivateActCtx(0, cookie);
-    ::ReleaseActCtx(context);
+    ::DestroyWindow(host);
+    EXPECT_TRUE(CanUnload());
 }
 
 TEST(Host, MiscStatusIs131473) {
