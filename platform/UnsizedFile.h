@@ -27,20 +27,21 @@ class StringSource final : public ByteSource {
 };
 
 // All that `read(buffer, room)` gives until it gives 0 bytes. Throws ArchiveError above
-// MostUnsizedFileBytes.
+// `mostBytes`.
 template <class Read>
-std::unique_ptr<ByteSource> ReadUnsized(Read read) {
+std::unique_ptr<ByteSource> ReadUnsized(Read read, std::size_t mostBytes = MostUnsizedFileBytes) {
     constexpr std::size_t FirstRoom = std::size_t{1} << 16U;
     std::string bytes;
     std::size_t filled = 0;
     for (std::size_t got = 1; got != 0; filled += got) {
-        if (filled > MostUnsizedFileBytes) {
-            throw ArchiveError("a file that tells no size goes on after " +
-                                   std::to_string(MostUnsizedFileBytes) + " bytes",
-                               MostUnsizedFileBytes);
+        if (filled > mostBytes) {
+            throw ArchiveError(
+                "a file that tells no size goes on behind byte " + std::to_string(mostBytes),
+                mostBytes);
         }
         if (filled == bytes.size()) {
-            bytes.resize(std::max(FirstRoom, 2 * filled));
+            // One byte more than allowed tells whether the file ends.
+            bytes.resize(std::min(std::max(FirstRoom, 2 * filled), mostBytes + 1));
         }
         got = read(bytes.data() + filled, bytes.size() - filled);
     }

@@ -299,9 +299,17 @@ std::unique_ptr<FileReplacement> ReplaceRegular(const std::string& target, const
     return std::make_unique<InPlaceFile>(std::move(file), target);
 }
 
+// A zero byte would end the path early and name another file.
+bool IsName(std::string_view path) {
+    return !path.empty() && path.find('\0') == std::string_view::npos;
+}
+
 class PosixFileSystem final : public FileSystem {
   public:
     std::unique_ptr<ByteSource> OpenForReading(std::string_view path) override {
+        if (!IsName(path)) {
+            return nullptr;
+        }
         const std::string name(path);
         Descriptor file = OpenFile(name, O_RDONLY);
         struct stat state {};
@@ -322,6 +330,9 @@ class PosixFileSystem final : public FileSystem {
     }
 
     std::unique_ptr<FileReplacement> Replace(std::string_view path) override {
+        if (!IsName(path)) {
+            return nullptr;
+        }
         const std::string name(path);
         const Target target = FollowLinks(name);
         if (target.descriptor) {
