@@ -176,6 +176,7 @@ class CommandSpec {
                 const char* footer)
         : App(main.add_subcommand(name, purpose)) {
         App->footer(footer);
+        App->group("Commands");
     }
     void AddFile(std::string& target, const std::string& purpose) {
         App->add_option("FILE", target, purpose)->required()->type_name("");
@@ -289,12 +290,15 @@ class DiffSpec : public CommandSpec {
         : CommandSpec(main, "diff", "Tell how two grid files differ", DiffFooter) {
         App->add_option("FIRST", m_options.first, "A grid file")->required()->type_name("");
         App->add_option("SECOND", m_options.second, "Another")->required()->type_name("");
-        CLI::Option* const brief =
-            App->add_flag("--brief", m_options.brief, "Tell only whether they differ");
-        App->add_flag("--json", m_options.json, "Write a JSON array of the differences")
-            ->excludes(brief);
+        App->add_flag("--brief", m_options.brief, "Tell only whether they differ");
+        App->add_flag("--json", m_options.json, "Write a JSON array of the differences");
     }
-    Command Finish() override { return m_options; }
+    Command Finish() override {
+        if (m_options.brief && m_options.json) {
+            throw UsageTrouble("--brief and --json do not go together");
+        }
+        return m_options;
+    }
 
   private:
     DiffOptions m_options;
@@ -342,6 +346,13 @@ class GetSpec : public CommandSpec {
     std::vector<std::string> m_cells;
 };
 
+// The words of the help that the library has other ones for.
+constexpr std::array<std::pair<const char*, const char*>, 3> Labels{{
+    {"Positionals", "Arguments"},
+    {"SUBCOMMAND", "COMMAND"},
+    {"REQUIRED", "(needed)"},
+}};
+
 // The whole command line.
 class Declaration {
   public:
@@ -352,7 +363,10 @@ class Declaration {
         m_main.set_help_flag("-h,--help", "Write this text and end");
         m_main.require_subcommand(0, 1);
         m_main.footer(MainFooter);
-        m_main.get_formatter()->column_width(26);
+        m_main.get_formatter()->column_width(30);
+        for (const auto& [label, word] : Labels) {
+            m_main.get_formatter()->label(label, word);
+        }
         Add<InfoSpec>();
         Add<CellsSpec>();
         Add<ImportSpec>();

@@ -139,10 +139,32 @@ TEST_F(ImportTest, TheEncodingGivenIsTheOneUsed) {
 }
 
 TEST_F(ImportTest, BrokenGbkIsNamed) {
-    EXPECT_EQ(Import("a\n\xD6\xD0\xD6\x31\n"), ExitFailed);
+    EXPECT_EQ(Import("a\n\xD6\xD0\xD6\x31\n", {"--encoding", "gbk"}), ExitFailed);
     EXPECT_EQ(Error(),
               "grd: data.csv: line 2, column 1 (a): byte 0xD6 is not GBK; --replace writes ? for "
               "it\n");
+}
+
+TEST_F(ImportTest, TextOfNoEncodingIsCalledBrokenUtf8) {
+    EXPECT_EQ(Import("a\n中文\xD6\n"), ExitFailed);
+    EXPECT_EQ(Error(),
+              "grd: data.csv: line 2, column 1 (a): byte 0xD6 is not UTF-8; --replace writes ? "
+              "for it\n");
+}
+
+TEST_F(ImportTest, TheEncodingIsFoundOutFromTheFirstCharactersBeyondAscii) {
+    const std::string ascii(70000, 'x');
+    for (std::size_t shift = 0; shift < 3; ++shift) {
+        // The sample ends inside a character.
+        std::string chinese = std::string(shift, 'y');
+        for (int i = 0; i < 40000; ++i) {
+            chinese += "中";
+        }
+        ASSERT_EQ(Import("a\n" + ascii + "\n" + chinese + "\n"), ExitOk) << shift;
+        EXPECT_EQ(Loaded().CellText(2, 1), Gbk(chinese));
+        ASSERT_EQ(Import("a\n" + ascii + "\n" + Gbk(chinese) + "\n"), ExitOk) << shift;
+        EXPECT_EQ(Loaded().CellText(2, 1), Gbk(chinese));
+    }
 }
 
 TEST_F(ImportTest, Utf16TextIsRefused) {
