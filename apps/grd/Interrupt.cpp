@@ -2,6 +2,7 @@
 #include "apps/grd/Interrupt.h"
 
 #include <csignal>
+#include <initializer_list>
 
 namespace veygrid {
 
