@@ -231,6 +231,22 @@ for form in text csv json html; do
 done
 rm long.csv long.grd code
 
+# --- A signal to end leaves no half-written file behind.
+mkdir stopped
+cp t.grd stopped/f.grd
+before=$(cksum <stopped/f.grd)
+seq 3000000 >long.csv
+"$grd" import long.csv -o stopped/f.grd -q 2>err &
+sleep 0.1
+kill -TERM $!
+wait $!
+code=$?
+checks=$((checks + 1))
+[ $code -eq 143 ] || [ $code -eq 0 ] || fail "a signal: exit code $code"
+[ $code -eq 0 ] || [ "$before" = "$(cksum <stopped/f.grd)" ] || fail 'a signal: file changed'
+[ "$(find stopped -type f | wc -l)" -eq 1 ] || fail 'a signal: files left'
+rm -r stopped long.csv
+
 # --- Damaged files: every cut and leftover bytes are named with a position.
 size=$(stat -c %s 表.grd)
 for ((cut = 0; cut < size; cut += 100)); do
