@@ -178,7 +178,7 @@ class CommandDeclaration {
         App->footer(footer);
         App->group("Commands");
     }
-    void AddFile(std::string& target, const std::string& purpose) {
+    void AddFile(std::string& target, const std::string& purpose) const {
         App->add_option("FILE", target, purpose)->required()->type_name("");
     }
 };
