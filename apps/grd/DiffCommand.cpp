@@ -163,6 +163,7 @@ void CompareFormats(DifferenceSink& sink, const FormatMap& first, const FormatMa
 struct ListKey {
     std::string Name;
     std::size_t Before;
+    // NOLINTNEXTLINE(modernize-use-nullptr): the 0 is the compiler's own
     friend auto operator<=>(const ListKey&, const ListKey&) = default;
 };
 

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <array>
 #include <limits>
-#include <ranges>
 
 #include "apps/grd/CellText.h"
 #include "apps/grd/CsvReader.h"
@@ -207,11 +206,11 @@ void ImportedTable::WriteEntries(ArchiveWriter& archive) const {
     const std::string_view entries = m_entries.Bytes;
     for (const std::vector<std::int32_t>& chain : chains) {
         // What was put in last stands first.
-        for (const std::int32_t row : chain | std::views::reverse) {
+        std::for_each(chain.rbegin(), chain.rend(), [&](std::int32_t row) {
             const auto index = static_cast<std::size_t>(row);
             const std::size_t begin = m_rowBegins[index - 1];
             archive.WriteBytes(entries.substr(begin, m_rowBegins[index] - begin));
-        }
+        });
     }
 }
 

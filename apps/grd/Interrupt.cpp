@@ -8,6 +8,7 @@ namespace veygrid {
 
 namespace {
 
+// The only thing that a signal handler may write. NOLINTNEXTLINE(*-non-const-global-variables)
 volatile std::sig_atomic_t caughtSignal = 0;
 
 void Catch(int signal) {
