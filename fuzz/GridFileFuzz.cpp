@@ -86,10 +86,6 @@ void CheckRefused(const Sheet& sheet) {
 // Chains turn round with each reading, so that the bytes come back after the second.
 void CheckRoundTrip(Sheet& first) {
     const std::string bytes = Write(first);
-    // A font record that names no font is not written, whatever else it holds.
-    if (first.Document.Stock.Font.lfWeight == NoFontWeight) {
-        first.Document.Stock.Font = StockProperties{}.Font;
-    }
     Sheet second;
     Claim(Read(bytes, second) == Outcome::Read, "what was written is read");
     Claim(SameMaps(first.Store, second.Store), "the maps survive");

@@ -101,7 +101,7 @@ class FormatWalk {
 
     void Sheet() {
         FormatMap& map = m_store.CellFormatMap;
-        for (auto handle = map.First(); handle != map.PastLast; handle = map.Next(handle)) {
+        for (auto handle = map.First(); handle != FormatMap::PastLast; handle = map.Next(handle)) {
             m_edit(map.ValueAt(handle));
         }
         Effective({});

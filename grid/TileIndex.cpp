@@ -9,6 +9,9 @@
 
 namespace veygrid {
 
+constinit const std::array<TileIndex::Entry, std::size_t{1} << TileIndex::FirstDirectoryBits>
+    TileIndex::NoEntries{};
+
 void TileIndex::Clear() {
     std::fill(m_directory.begin(), m_directory.end(), Entry{});
     std::fill(m_numbers.begin(), m_numbers.end(), None);
@@ -20,6 +23,7 @@ void TileIndex::Clear() {
 
 void TileIndex::Swap(TileIndex& other) noexcept {
     m_directory.swap(other.m_directory);
+    std::swap(m_entries, other.m_entries);
     m_numbers.swap(other.m_numbers);
     std::swap(m_homeShift, other.m_homeShift);
     std::swap(m_freeTile, other.m_freeTile);
@@ -58,6 +62,7 @@ void TileIndex::GrowDirectory() {
     const bool first = m_directory.empty();
     std::vector<Entry> old(first ? std::size_t{1} << FirstDirectoryBits : m_directory.size() * 2);
     m_directory.swap(old);
+    m_entries = m_directory.data();
     m_homeShift -= first ? 0U : 1U;
     for (const Entry& entry : old) {
         if (entry.tileKey != NoTileKey) {

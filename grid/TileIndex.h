@@ -1,6 +1,7 @@
 // Finds the number that stands for a cell position, in constant time, by tiles of cells.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -96,19 +97,16 @@ class TileIndex {
         return static_cast<std::size_t>(tileKey * m_multiplier >> m_homeShift);
     }
 
-    // The directory always has free entries; before the first tile it has none at all.
+    // The directory always has free entries, so that every search ends.
     const Entry* FindEntry(std::uint64_t tileKey) const {
-        const Entry* const entries = m_directory.data();
-        for (std::size_t i = Home(tileKey); i < m_directory.size();
-             i = (i + 1) & (m_directory.size() - 1)) {
-            if (entries[i].tileKey == tileKey) {
-                return entries + i;
+        const Entry* entry = m_entries + Home(tileKey);
+        while (entry->tileKey != tileKey) {
+            if (entry->tileKey == NoTileKey) {
+                return nullptr;
             }
-            if (entries[i].tileKey == NoTileKey) {
-                break;
-            }
+            entry = entry + 1 == m_entries + m_directory.size() ? m_entries : entry + 1;
         }
-        return nullptr;
+        return entry;
     }
     Entry* FindEntry(std::uint64_t tileKey) {
         return const_cast<Entry*>(std::as_const(*this).FindEntry(tileKey));
@@ -129,7 +127,11 @@ class TileIndex {
     static constexpr Number NoTile = -1;
     static constexpr unsigned FirstDirectoryBits = 2;
 
+    // What is searched before there is a directory.
+    static const std::array<Entry, std::size_t{1} << FirstDirectoryBits> NoEntries;
+
     std::vector<Entry> m_directory;
+    const Entry* m_entries = NoEntries.data();  // those of the directory, once there is one
     std::uint64_t m_multiplier = ProcessMultiplier();
     unsigned m_homeShift = 64 - FirstDirectoryBits;
     // The tiles one behind the other; the first number of a free tile names the next free one.

@@ -139,6 +139,11 @@ class StreamLoader final : public PropertyExchanger {
     }
     void Font(std::string_view name, LogFont& value) override {
         value = Enter(name).ReadBool8() ? m_archive.ReadLogFont() : AmbientFont;
+        // A record that names no font says nothing in its other bytes; kept, they would be lost by
+        // the next save.
+        if (value.lfWeight == NoFontWeight) {
+            value = AmbientFont;
+        }
     }
 
   private:

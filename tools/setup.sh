@@ -1,9 +1,11 @@
 # Sourced after steps.sh: installs the Debian packages that a piece of work needs, once.
 
-PACKAGES_BUILD=(g++ cmake ninja-build libicu-dev libcli11-dev nlohmann-json3-dev libboost1.81-dev)
-PACKAGES_TEST=(googletest clang clang-format clang-tidy libclang-rt-dev git)
+PACKAGES_BUILD=(g++ cmake ninja-build libicu-dev libcli11-dev nlohmann-json3-dev libboost1.81-dev
+    googletest)
+PACKAGES_TEST=(clang clang-format clang-tidy libclang-rt-dev git)
 PACKAGES_WINDOWS=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools wine64 wine
-                  xvfb xauth)
+    xvfb xauth)
+PACKAGES_X86=(debootstrap)
 PACKAGES_BENCH=(qtbase5-dev libwxgtk3.2-dev sqlite3 xz-utils)
 PACKAGES_RUN=(xz-utils)
 PACKAGES_PICTURE=(pango1.0-tools fonts-wqy-zenhei)

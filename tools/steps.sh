@@ -30,8 +30,11 @@ try_step() {
     shift 2
     "$@" >"$log" 2>&1 </dev/null &
     pid=$!
+    # What runs in the background does not see the terminal's interrupt.
+    trap 'kill "$pid" 2>/dev/null; exit 130' INT TERM
     show_progress "$pid" "$title" "$log"
     wait "$pid" || result=$?
+    trap - INT TERM
     local took=$((SECONDS - start)) end=ok
     [ "$result" = 0 ] || end=FAILED
     [ -t 1 ] && printf '\r\033[K'

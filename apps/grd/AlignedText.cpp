@@ -48,11 +48,14 @@ class AlignedTextWriter {
         return m_line;
     }
 
+    std::int32_t NumberOf(std::size_t column) const {
+        return static_cast<std::int32_t>(std::int64_t{m_cells.Slice.Range.Col1} +
+                                         static_cast<std::int64_t>(column));
+    }
+
     std::string_view HeaderOf(std::size_t column) {
         m_line.clear();
-        AppendOnOneLine(m_line, m_cells.Store.ColHeader(static_cast<std::int32_t>(
-                                    std::int64_t{m_cells.Slice.Range.Col1} +
-                                    static_cast<std::int64_t>(column))));
+        AppendOnOneLine(m_line, m_cells.Store.ColHeader(NumberOf(column)));
         return m_line;
     }
 
@@ -99,7 +102,10 @@ class AlignedTextWriter {
 
     void WriteHeader() {
         for (std::size_t column = 0; column < m_columns.size(); ++column) {
-            Put(HeaderOf(column), column, HorizontalAlign::Left);
+            // A header stands where the texts of its column stand.
+            const CCellFormat& format = m_cells.Store.EffectiveFormatRef(0, NumberOf(column));
+            const std::string_view header = HeaderOf(column);
+            Put(header, column, SideOfText(format, header));
             m_owed += Gap;
         }
         EndLine();

@@ -163,29 +163,30 @@ std::pair<CellPos, std::string> AssignmentFromText(const std::string& text) {
 }
 
 // Declares one command, fills its options while parsing, and gives them when it was called.
-class CommandSpec {
+class CommandDeclaration {
   public:
-    virtual ~CommandSpec() = default;
+    virtual ~CommandDeclaration() = default;
     // Throws UsageTrouble on values that make no sense.
     virtual Command Finish() = 0;
 
     CLI::App* App = nullptr;
 
   protected:
-    CommandSpec(CLI::App& main, const std::string& name, const std::string& purpose,
-                const char* footer)
+    CommandDeclaration(CLI::App& main, const std::string& name, const std::string& purpose,
+                       const char* footer)
         : App(main.add_subcommand(name, purpose)) {
         App->footer(footer);
+        App->group("Commands");
     }
-    void AddFile(std::string& target, const std::string& purpose) {
+    void AddFile(std::string& target, const std::string& purpose) const {
         App->add_option("FILE", target, purpose)->required()->type_name("");
     }
 };
 
-class InfoSpec : public CommandSpec {
+class InfoDeclaration : public CommandDeclaration {
   public:
-    explicit InfoSpec(CLI::App& main)
-        : CommandSpec(main, "info", "Tell what a grid file holds", InfoFooter) {
+    explicit InfoDeclaration(CLI::App& main)
+        : CommandDeclaration(main, "info", "Tell what a grid file holds", InfoFooter) {
         AddFile(m_options.file, "The grid file");
         App->add_flag("--json", m_options.json, "Write one JSON object");
     }
@@ -195,10 +196,10 @@ class InfoSpec : public CommandSpec {
     InfoOptions m_options;
 };
 
-class CellsSpec : public CommandSpec {
+class CellsDeclaration : public CommandDeclaration {
   public:
-    explicit CellsSpec(CLI::App& main)
-        : CommandSpec(main, "cells", "Write the cells of a grid file", CellsFooter) {
+    explicit CellsDeclaration(CLI::App& main)
+        : CommandDeclaration(main, "cells", "Write the cells of a grid file", CellsFooter) {
         AddFile(m_options.file, "The grid file");
         App->add_option("--range", m_range, "R1C1:R9C4, R3:R7 or C2 (default: all that holds text)")
             ->type_name("RANGE");
@@ -230,11 +231,11 @@ class CellsSpec : public CommandSpec {
     bool m_noHeader = false;
 };
 
-class ImportSpec : public CommandSpec {
+class ImportDeclaration : public CommandDeclaration {
   public:
-    explicit ImportSpec(CLI::App& main)
-        : CommandSpec(main, "import", "Make a grid file from comma- or tab-separated text",
-                      ImportFooter) {
+    explicit ImportDeclaration(CLI::App& main)
+        : CommandDeclaration(main, "import", "Make a grid file from comma- or tab-separated text",
+                             ImportFooter) {
         App->add_option("DATA", m_options.file, "The text; .tsv and .tab are split by tabs")
             ->required()
             ->type_name("");
@@ -271,10 +272,10 @@ class ImportSpec : public CommandSpec {
     bool m_noHeader = false;
 };
 
-class CheckSpec : public CommandSpec {
+class CheckDeclaration : public CommandDeclaration {
   public:
-    explicit CheckSpec(CLI::App& main)
-        : CommandSpec(main, "check", "Look a grid file through for faults", CheckFooter) {
+    explicit CheckDeclaration(CLI::App& main)
+        : CommandDeclaration(main, "check", "Look a grid file through for faults", CheckFooter) {
         AddFile(m_options.file, "The grid file");
     }
     Command Finish() override { return m_options; }
@@ -283,27 +284,30 @@ class CheckSpec : public CommandSpec {
     CheckOptions m_options;
 };
 
-class DiffSpec : public CommandSpec {
+class DiffDeclaration : public CommandDeclaration {
   public:
-    explicit DiffSpec(CLI::App& main)
-        : CommandSpec(main, "diff", "Tell how two grid files differ", DiffFooter) {
+    explicit DiffDeclaration(CLI::App& main)
+        : CommandDeclaration(main, "diff", "Tell how two grid files differ", DiffFooter) {
         App->add_option("FIRST", m_options.first, "A grid file")->required()->type_name("");
         App->add_option("SECOND", m_options.second, "Another")->required()->type_name("");
-        CLI::Option* const brief =
-            App->add_flag("--brief", m_options.brief, "Tell only whether they differ");
-        App->add_flag("--json", m_options.json, "Write a JSON array of the differences")
-            ->excludes(brief);
+        App->add_flag("--brief", m_options.brief, "Tell only whether they differ");
+        App->add_flag("--json", m_options.json, "Write a JSON array of the differences");
     }
-    Command Finish() override { return m_options; }
+    Command Finish() override {
+        if (m_options.brief && m_options.json) {
+            throw UsageTrouble("--brief and --json do not go together");
+        }
+        return m_options;
+    }
 
   private:
     DiffOptions m_options;
 };
 
-class SetSpec : public CommandSpec {
+class SetDeclaration : public CommandDeclaration {
   public:
-    explicit SetSpec(CLI::App& main)
-        : CommandSpec(main, "set", "Write texts into cells of a grid file", SetFooter) {
+    explicit SetDeclaration(CLI::App& main)
+        : CommandDeclaration(main, "set", "Write texts into cells of a grid file", SetFooter) {
         AddFile(m_options.file, "The grid file");
         App->add_option("CELL=TEXT", m_cells, "As R2C3=text")->required()->type_name("");
         App->add_option("-o,--output", m_options.output,
@@ -323,10 +327,10 @@ class SetSpec : public CommandSpec {
     std::vector<std::string> m_cells;
 };
 
-class GetSpec : public CommandSpec {
+class GetDeclaration : public CommandDeclaration {
   public:
-    explicit GetSpec(CLI::App& main)
-        : CommandSpec(main, "get", "Write the texts of cells", GetFooter) {
+    explicit GetDeclaration(CLI::App& main)
+        : CommandDeclaration(main, "get", "Write the texts of cells", GetFooter) {
         AddFile(m_options.file, "The grid file");
         App->add_option("CELL", m_cells, "As R2C3")->required()->type_name("");
         App->add_flag("--shown", m_options.shown, "Write texts as their show formats show them");
@@ -342,6 +346,13 @@ class GetSpec : public CommandSpec {
     std::vector<std::string> m_cells;
 };
 
+// The words of the help that the library has other ones for.
+constexpr std::array<std::pair<const char*, const char*>, 3> Labels{{
+    {"Positionals", "Arguments"},
+    {"SUBCOMMAND", "COMMAND"},
+    {"REQUIRED", "(needed)"},
+}};
+
 // The whole command line.
 class Declaration {
   public:
@@ -352,22 +363,25 @@ class Declaration {
         m_main.set_help_flag("-h,--help", "Write this text and end");
         m_main.require_subcommand(0, 1);
         m_main.footer(MainFooter);
-        m_main.get_formatter()->column_width(26);
-        Add<InfoSpec>();
-        Add<CellsSpec>();
-        Add<ImportSpec>();
-        Add<CheckSpec>();
-        Add<DiffSpec>();
-        Add<SetSpec>();
-        Add<GetSpec>();
+        m_main.get_formatter()->column_width(30);
+        for (const auto& [label, word] : Labels) {
+            m_main.get_formatter()->label(label, word);
+        }
+        Add<InfoDeclaration>();
+        Add<CellsDeclaration>();
+        Add<ImportDeclaration>();
+        Add<CheckDeclaration>();
+        Add<DiffDeclaration>();
+        Add<SetDeclaration>();
+        Add<GetDeclaration>();
     }
 
     Command Parse(std::vector<std::string> arguments) {
         std::reverse(arguments.begin(), arguments.end());
         m_main.parse(std::move(arguments));
-        for (const auto& spec : m_specs) {
-            if (spec->App->parsed()) {
-                return Finish(*spec);
+        for (const auto& declared : m_commands) {
+            if (declared->App->parsed()) {
+                return Finish(*declared);
             }
         }
         throw UsageTrouble("a command is needed: " + Names() + "; see 'grd --help'");
@@ -399,14 +413,14 @@ class Declaration {
     }
 
   private:
-    template <class Spec>
+    template <class Declared>
     void Add() {
-        m_specs.push_back(std::make_unique<Spec>(m_main));
+        m_commands.push_back(std::make_unique<Declared>(m_main));
     }
 
-    Command Finish(CommandSpec& spec) const {
+    Command Finish(CommandDeclaration& declared) const {
         try {
-            return spec.Finish();
+            return declared.Finish();
         } catch (const UsageTrouble& trouble) {
             throw UsageTrouble(Complaint(trouble.what()));
         }
@@ -419,14 +433,14 @@ class Declaration {
 
     std::string Names() const {
         std::string names;
-        for (const auto& spec : m_specs) {
-            names += (names.empty() ? "" : ", ") + spec->App->get_name();
+        for (const auto& declared : m_commands) {
+            names += (names.empty() ? "" : ", ") + declared->App->get_name();
         }
         return names;
     }
 
     CLI::App m_main{"Reads, writes and compares grid files (.grd)."};
-    std::vector<std::unique_ptr<CommandSpec>> m_specs;
+    std::vector<std::unique_ptr<CommandDeclaration>> m_commands;
 };
 
 }  // namespace

@@ -85,12 +85,11 @@ HorizontalAlign SideOfText(const CCellFormat& format, std::string_view text) {
 }
 
 bool HasOwnHeaders(const GridStore& store, const CellRange& range) {
-    for (const auto& [key, text] : store.ColHeaderMap) {
-        if (key.Row == 0 && key.Col >= range.Col1 && key.Col <= range.Col2) {
-            return true;
-        }
-    }
-    return false;
+    return std::any_of(store.ColHeaderMap.begin(), store.ColHeaderMap.end(),
+                       [&](const auto& entry) {
+                           const CellPos key = entry.key;
+                           return key.Row == 0 && key.Col >= range.Col1 && key.Col <= range.Col2;
+                       });
 }
 
 }  // namespace veygrid

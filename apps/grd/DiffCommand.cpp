@@ -163,6 +163,7 @@ void CompareFormats(DifferenceSink& sink, const FormatMap& first, const FormatMa
 struct ListKey {
     std::string Name;
     std::size_t Before;
+    // NOLINTNEXTLINE(modernize-use-nullptr): the 0 is the compiler's own
     friend auto operator<=>(const ListKey&, const ListKey&) = default;
 };
 
@@ -213,46 +214,46 @@ std::vector<std::string> EntriesOf(const ParamList& params) {
     return entries;
 }
 
-FactValue JoinedNames(const std::vector<std::string>& names) {
+// The name of a parameter's entry on one line in UTF-8.
+std::string NameOfEntry(const std::string& entry) {
+    std::string name;
+    AppendOnOneLine(name, GetField(entry, 0, Tab));
+    return name;
+}
+
+// All behind the name, what a second tab cuts off included.
+std::optional<FactValue> ValueOfEntry(const std::string* entry) {
+    if (entry == nullptr) {
+        return std::nullopt;
+    }
+    const std::size_t tab = entry->find(Tab);
+    return tab == std::string::npos ? std::string() : entry->substr(tab + 1);
+}
+
+template <class Items, class NameOf>
+FactValue JoinedNames(const Items& items, NameOf nameOf) {
     std::string joined;
-    for (const std::string& name : names) {
-        joined += (joined.empty() ? "" : " ") + name;
+    for (const auto& item : items) {
+        joined.append(joined.empty() ? "" : " ").append(nameOf(item));
     }
     return WordValue{joined};
 }
 
 void CompareParameters(DifferenceSink& sink, const ParamList& first, const ParamList& second) {
-    const auto nameOf = [](const std::string& entry) {
-        return UpperCase(Trim(GetField(entry, 0, Tab)));
-    };
-    const auto value = [](const std::string* entry) -> std::optional<FactValue> {
-        const std::size_t tab = entry == nullptr ? 0 : entry->find(Tab);
-        return entry == nullptr ? std::nullopt
-                                : std::optional<FactValue>(
-                                      tab == std::string::npos ? "" : entry->substr(tab + 1));
-    };
     const std::vector<std::string> a = EntriesOf(first);
     const std::vector<std::string> b = EntriesOf(second);
-    const auto name = [](const std::string* x, const std::string* y) {
-        std::string text;
-        AppendOnOneLine(text, GetField(x != nullptr ? *x : *y, 0, Tab));
-        return text;
+    const auto searchedName = [](const std::string& entry) {
+        return UpperCase(Trim(GetField(entry, 0, Tab)));
     };
-    const bool reordered =
-        CompareLists(a, b, nameOf, [&](const std::string* x, const std::string* y) {
-            if (x == nullptr || y == nullptr || *x != *y) {
-                sink.Put({"parameter", name(x, y), "", value(x), value(y)});
-            }
-        });
-    const auto names = [&](const std::vector<std::string>& entries) {
-        std::vector<std::string> list;
-        for (const std::string& entry : entries) {
-            list.push_back(name(&entry, nullptr));
+    const auto compare = [&](const std::string* x, const std::string* y) {
+        if (x == nullptr || y == nullptr || *x != *y) {
+            sink.Put({"parameter", NameOfEntry(x != nullptr ? *x : *y), "", ValueOfEntry(x),
+                      ValueOfEntry(y)});
         }
-        return JoinedNames(list);
     };
-    if (reordered) {
-        sink.Put({"parameter order", "", "", names(a), names(b)});
+    if (CompareLists(a, b, searchedName, compare)) {
+        sink.Put(
+            {"parameter order", "", "", JoinedNames(a, NameOfEntry), JoinedNames(b, NameOfEntry)});
     }
 }
 
@@ -260,29 +261,24 @@ std::string IdOf(const GuiObjRecord& object) {
     return std::to_string(object.m_nCtrlID);
 }
 
+std::optional<FactValue> SummaryOf(const GuiObjRecord* object) {
+    return object == nullptr ? std::nullopt : std::optional(SummaryOf(ObjectFacts(*object)));
+}
+
 void CompareObjects(DifferenceSink& sink, const GridDocument& first, const GridDocument& second) {
     const std::vector<GuiObjRecord> a(first.m_guiObjects.begin(), first.m_guiObjects.end());
     const std::vector<GuiObjRecord> b(second.m_guiObjects.begin(), second.m_guiObjects.end());
     const auto compare = [&](const GuiObjRecord* x, const GuiObjRecord* y) {
-        const auto side = [](const GuiObjRecord* object) {
-            return object == nullptr ? std::nullopt
-                                     : std::optional(SummaryOf(ObjectFacts(*object)));
-        };
         const std::string id = IdOf(x != nullptr ? *x : *y);
         // Objects of different families have no fields in common.
         if (x != nullptr && y != nullptr && x->Window.index() == y->Window.index()) {
             CompareFacts(sink, "form object", id, ObjectFacts(*x), ObjectFacts(*y));
         } else {
-            sink.Put({"form object", id, "", side(x), side(y)});
+            sink.Put({"form object", id, "", SummaryOf(x), SummaryOf(y)});
         }
     };
-    const auto ids = [](const std::vector<GuiObjRecord>& objects) {
-        std::vector<std::string> list;
-        std::transform(objects.begin(), objects.end(), std::back_inserter(list), IdOf);
-        return JoinedNames(list);
-    };
     if (CompareLists(a, b, IdOf, compare)) {
-        sink.Put({"form object order", "", "", ids(a), ids(b)});
+        sink.Put({"form object order", "", "", JoinedNames(a, IdOf), JoinedNames(b, IdOf)});
     }
 }
 

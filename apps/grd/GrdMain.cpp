@@ -5,6 +5,7 @@
 
 #include "apps/grd/Arguments.h"
 #include "apps/grd/Commands.h"
+#include "apps/grd/Interrupt.h"
 #include "apps/grd/Trouble.h"
 
 namespace veygrid {
@@ -37,6 +38,8 @@ int GrdMain(Session& session, const std::vector<std::string>& arguments) {
         return ExitUsage;
     } catch (const OutputClosed&) {
         return ExitOk;
+    } catch (const Interrupted& interrupted) {
+        return interrupted.ExitCode();
     } catch (const std::exception& error) {
         WriteMessage(session.Terminal, error.what());
         return ExitFailed;

@@ -15,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 fs::path PathFromUtf8(const std::string& path) {
-    return fs::path(std::u8string(path.begin(), path.end()));
+    return {std::u8string(path.begin(), path.end())};
 }
 
 // Why a file does not open; the port tells only that it does not.

@@ -115,6 +115,18 @@ void CheckArguments(const ImportOptions& options, const ImportedTable& table) {
     }
 }
 
+int Import(Session& session, const ImportOptions& options, std::string_view text,
+           TextEncoding encoding) {
+    const ImportedTable table = ReadTable(session, text, encoding, options);
+    CheckArguments(options, table);
+    table.Report().Judge(session.Terminal, options.file, options.replace);
+    WriteTable(session, options, table);
+    if (!options.quiet) {
+        session.Terminal.WriteOut(Summary(options, table));
+    }
+    return ExitOk;
+}
+
 }  // namespace
 
 int RunCommand(Session& session, const ImportOptions& options) {
@@ -128,18 +140,11 @@ int RunCommand(Session& session, const ImportOptions& options) {
         throw FileTrouble(options.file, "is empty");
     }
     try {
-        const ImportedTable table = ReadTable(session, text, encoding, options);
-        CheckArguments(options, table);
-        table.Report().Judge(session.Terminal, options.file, options.replace);
-        WriteTable(session, options, table);
-        if (!options.quiet) {
-            session.Terminal.WriteOut(Summary(options, table));
-        }
+        return Import(session, options, text, encoding);
     } catch (const CsvFault& fault) {
         throw FileTrouble(options.file,
                           "line " + std::to_string(fault.Line()) + ": " + fault.what());
     }
-    return ExitOk;
 }
 
 }  // namespace veygrid

@@ -21,7 +21,6 @@ constexpr std::string_view Utf16Mark = "\xFF\xFE";
 constexpr std::string_view Utf16SwappedMark = "\xFE\xFF";
 // Of the text behind the first character beyond ASCII, so much decides on the encoding.
 constexpr std::size_t SampleSize = std::size_t{1} << 16U;
-constexpr std::size_t LongestUtf8 = 4;
 // Bytes between two looks at the progress of reading.
 constexpr std::size_t ProgressStep = std::size_t{1} << 20U;
 
@@ -33,19 +32,37 @@ std::string_view FromFirstBeyondAscii(std::string_view text) {
     return text;
 }
 
-// Whether the text is UTF-8 but for a character that its end may have cut.
-bool BeginsAsUtf8(std::string_view sample) {
-    for (std::size_t cut = 0; cut < LongestUtf8 && cut <= sample.size(); ++cut) {
-        if (IsUtf8(sample.substr(0, sample.size() - cut))) {
+// Whether the byte at `pos` is the first of a character of code page 936, or all of it.
+bool BeginsCharacter(std::string_view text, std::size_t pos) {
+    return CharLength(text, pos) == 2 || !IsLeadByte(text[pos]);
+}
+
+bool IsGbk(std::string_view text) {
+    for (std::size_t i = 0; i < text.size(); i += CharLength(text, i)) {
+        if (!BeginsCharacter(text, i)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// Whether the text passes the test, or does without some bytes of a character that its end cuts.
+template <class Test>
+bool PassesButForItsEnd(std::string_view text, std::size_t longestCut, Test test) {
+    for (std::size_t cut = 0; cut <= std::min(longestCut, text.size()); ++cut) {
+        if (test(text.substr(0, text.size() - cut))) {
             return true;
         }
     }
     return false;
 }
 
-// Whether the byte at `pos` is the first of a character of code page 936, or all of it.
-bool BeginsCharacter(std::string_view text, std::size_t pos) {
-    return CharLength(text, pos) == 2 || !IsLeadByte(text[pos]);
+TextEncoding EncodingOf(std::string_view text) {
+    const std::string_view sample = FromFirstBeyondAscii(text).substr(0, SampleSize);
+    const bool cut = sample.size() == SampleSize;
+    const bool gbk = !PassesButForItsEnd(sample, cut ? 3 : 0, IsUtf8) &&
+                     PassesButForItsEnd(sample, cut ? 1 : 0, IsGbk);
+    return gbk ? TextEncoding::Gbk : TextEncoding::Utf8;
 }
 
 }  // namespace
@@ -58,11 +75,7 @@ TextEncoding TakeEncoding(std::string_view& text, TextEncoding wanted, const std
         text.remove_prefix(Utf8Mark.size());
         return TextEncoding::Utf8;
     }
-    if (wanted != TextEncoding::Detect) {
-        return wanted;
-    }
-    const std::string_view sample = FromFirstBeyondAscii(text).substr(0, SampleSize);
-    return BeginsAsUtf8(sample) ? TextEncoding::Utf8 : TextEncoding::Gbk;
+    return wanted == TextEncoding::Detect ? EncodingOf(text) : wanted;
 }
 
 // Brings the fields of one record into code page 936. The texts are good until the next record.
@@ -193,11 +206,11 @@ void ImportedTable::WriteEntries(ArchiveWriter& archive) const {
     const std::string_view entries = m_entries.Bytes;
     for (const std::vector<std::int32_t>& chain : chains) {
         // What was put in last stands first.
-        for (auto row = chain.rbegin(); row != chain.rend(); ++row) {
-            const auto index = static_cast<std::size_t>(*row);
+        std::for_each(chain.rbegin(), chain.rend(), [&](std::int32_t row) {
+            const auto index = static_cast<std::size_t>(row);
             const std::size_t begin = m_rowBegins[index - 1];
             archive.WriteBytes(entries.substr(begin, m_rowBegins[index] - begin));
-        }
+        });
     }
 }
 

@@ -16,8 +16,8 @@
 
 namespace veygrid {
 
-// The encoding of a text, from its mark or from the first characters beyond ASCII: UTF-8 when they
-// are well-formed, GBK otherwise. Takes the mark off. Throws FileTrouble, which names the file, for
+// The encoding of a text, from its mark or from the first characters beyond ASCII: GBK when they
+// are that and not UTF-8 too. Takes the mark off. Throws FileTrouble, which names the file, for
 // text in 16-bit characters.
 TextEncoding TakeEncoding(std::string_view& text, TextEncoding wanted, const std::string& file);
 

@@ -137,6 +137,23 @@ Json ColumnsAsJson(const GridStore& store) {
     return list;
 }
 
+Json ParametersAsJson(const ParamList& params) {
+    Json list = Json::array();
+    for (const Parameter& parameter : ParametersOf(params)) {
+        list.push_back({{"name", Utf8FromCodePage936(parameter.Name)},
+                        {"value", Utf8FromCodePage936(parameter.Value)}});
+    }
+    return list;
+}
+
+Json ObjectsAsJson(const GridDocument& document) {
+    Json list = Json::array();
+    for (const GuiObjRecord& object : document.m_guiObjects) {
+        list.push_back(FactsAsJson(ObjectFacts(object)));
+    }
+    return list;
+}
+
 Json InfoAsJson(const Grid& grid, const std::string& file) {
     const GridProperties& properties = grid.Store.Properties;
     Json info = {{"file", file},
@@ -153,15 +170,8 @@ Json InfoAsJson(const Grid& grid, const std::string& file) {
     }
     info["document"] = FactsAsJson(DocumentFacts(grid.Document));
     info["columns"] = ColumnsAsJson(grid.Store);
-    info["parameters"] = Json::array();
-    for (const Parameter& parameter : ParametersOf(grid.Store.Params)) {
-        info["parameters"].push_back({{"name", Utf8FromCodePage936(parameter.Name)},
-                                      {"value", Utf8FromCodePage936(parameter.Value)}});
-    }
-    info["formObjects"] = Json::array();
-    for (const GuiObjRecord& object : grid.Document.m_guiObjects) {
-        info["formObjects"].push_back(FactsAsJson(ObjectFacts(object)));
-    }
+    info["parameters"] = ParametersAsJson(grid.Store.Params);
+    info["formObjects"] = ObjectsAsJson(grid.Document);
     info["properties"] = PropertiesAsJson(grid);
     return info;
 }
@@ -171,7 +181,7 @@ class Listing {
   public:
     explicit Listing(TextOutput& out) : m_out(out) {}
 
-    void Section(const std::string& title) {
+    void Heading(const std::string& title) {
         m_out.Text() += m_first ? "" : "\n";
         m_out.Text() += title + "\n";
         m_first = false;
@@ -188,7 +198,7 @@ class Listing {
                         value + "\n";
     }
     // Tells how many lines the list was too long for.
-    void EndSection() {
+    void EndList() {
         if (m_left != 0) {
             m_out.Text() += "  and " + std::to_string(m_left) + " more\n";
         }
@@ -210,7 +220,7 @@ std::string OnOneLine(const std::string& text) {
 }
 
 void ListFile(Listing& list, const Grid& grid, const std::string& file) {
-    list.Section(file);
+    list.Heading(file);
     list.Line("size", std::to_string(grid.FileSize) + " bytes");
     list.Line("banner", OnOneLine(grid.Document.FileBanner));
     if (grid.LeftOver != 0) {
@@ -224,7 +234,7 @@ void ListFile(Listing& list, const Grid& grid, const std::string& file) {
 }
 
 void ListContents(Listing& list, const Grid& grid) {
-    list.Section("Contents");
+    list.Heading("Contents");
     for (const CountOf& count : CountsOf(grid)) {
         list.Line(count.Name, std::to_string(count.Count));
     }
@@ -238,25 +248,25 @@ void ListColumns(Listing& list, const GridStore& store) {
     if (columns.empty()) {
         return;
     }
-    list.Section("Columns");
+    list.Heading("Columns");
     for (const Column& column : columns) {
         std::string value = column.Type + ", " + std::to_string(column.Width) + " pixels";
         value += column.Key ? ", key" : "";
         value += column.Name.empty() ? "" : ", name \"" + column.Name + "\"";
         list.Line(std::to_string(column.Number) + " " + column.Header, value);
     }
-    list.EndSection();
+    list.EndList();
 }
 
 void ListParameters(Listing& list, const ParamList& params) {
     if (params.Count() == 0) {
         return;
     }
-    list.Section("Parameters");
+    list.Heading("Parameters");
     for (const Parameter& parameter : ParametersOf(params)) {
         list.Line(OnOneLine(parameter.Name), TextOfFact(parameter.Value));
     }
-    list.EndSection();
+    list.EndList();
 }
 
 // What a user calls an object by: its name, or the text on it.
@@ -273,18 +283,18 @@ void ListObjects(Listing& list, const GridDocument& document) {
     if (document.m_guiObjects.empty()) {
         return;
     }
-    list.Section("Form objects");
+    list.Heading("Form objects");
     for (const GuiObjRecord& object : document.m_guiObjects) {
         const Facts facts = ObjectFacts(object);
         list.Line(std::to_string(object.m_nCtrlID) + " " + NameOfObjectType(object.m_nType),
                   TitleOf(facts) + " at " + TextOfFact(facts[3].Value) + " in " +
                       TextOfFact(facts[2].Value));
     }
-    list.EndSection();
+    list.EndList();
 }
 
 void ListProperties(Listing& list, const Grid& grid) {
-    list.Section("Properties (* not the default)");
+    list.Heading("Properties (* not the default)");
     for (const Fact& fact : PropertyFacts(grid)) {
         const bool changed = !fact.IsDefault();
         list.Line(fact.Name,

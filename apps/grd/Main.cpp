@@ -2,9 +2,11 @@
 #include <cstdlib>
 
 #include "apps/grd/GrdMain.h"
+#include "apps/grd/Interrupt.h"
 #include "platform/FileSystem.h"
 
 int main(int count, char** arguments) {
+    veygrid::CatchInterrupts();
     const auto console = veygrid::OpenConsole();
     const auto files = veygrid::MakeFileSystem();
     veygrid::Session session(*console, *files);

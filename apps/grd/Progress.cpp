@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <boost/timer/progress_display.hpp>
 
+#include "apps/grd/Interrupt.h"
+
 namespace veygrid {
 
 namespace {
@@ -26,6 +28,7 @@ Progress::~Progress() {
 }
 
 void Progress::Reach(std::uint64_t done) {
+    CheckInterrupt();
     if (m_out == nullptr) {
         return;
     }

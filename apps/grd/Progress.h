@@ -30,7 +30,8 @@ class Progress {
     // Ends the line of a bar that work left early.
     ~Progress();
 
-    // `done` of the total is done; never less than before.
+    // `done` of the total is done; never less than before. Throws Interrupted when the user has
+    // asked to end.
     void Reach(std::uint64_t done);
 
   private:

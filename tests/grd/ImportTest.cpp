@@ -1,6 +1,8 @@
 // Tests of making a grid file from separated text.
 #include <gmock/gmock.h>
 
+#include <random>
+
 #include "apps/grd/CsvReader.h"
 #include "apps/grd/ImportedTable.h"
 #include "grd/Support.h"
@@ -139,10 +141,32 @@ TEST_F(ImportTest, TheEncodingGivenIsTheOneUsed) {
 }
 
 TEST_F(ImportTest, BrokenGbkIsNamed) {
-    EXPECT_EQ(Import("a\n\xD6\xD0\xD6\x31\n"), ExitFailed);
+    EXPECT_EQ(Import("a\n\xD6\xD0\xD6\x31\n", {"--encoding", "gbk"}), ExitFailed);
     EXPECT_EQ(Error(),
               "grd: data.csv: line 2, column 1 (a): byte 0xD6 is not GBK; --replace writes ? for "
               "it\n");
+}
+
+TEST_F(ImportTest, TextOfNoEncodingIsCalledBrokenUtf8) {
+    EXPECT_EQ(Import("a\n中文\xD6\n"), ExitFailed);
+    EXPECT_EQ(Error(),
+              "grd: data.csv: line 2, column 1 (a): byte 0xD6 is not UTF-8; --replace writes ? "
+              "for it\n");
+}
+
+TEST_F(ImportTest, TheEncodingIsFoundOutFromTheFirstCharactersBeyondAscii) {
+    const std::string ascii(70000, 'x');
+    for (std::size_t shift = 0; shift < 3; ++shift) {
+        // The sample ends inside a character.
+        std::string chinese = std::string(shift, 'y');
+        for (int i = 0; i < 40000; ++i) {
+            chinese += "中";
+        }
+        ASSERT_EQ(Import("a\n" + ascii + "\n" + chinese + "\n"), ExitOk) << shift;
+        EXPECT_EQ(Loaded().CellText(2, 1), Gbk(chinese));
+        ASSERT_EQ(Import("a\n" + ascii + "\n" + Gbk(chinese) + "\n"), ExitOk) << shift;
+        EXPECT_EQ(Loaded().CellText(2, 1), Gbk(chinese));
+    }
 }
 
 TEST_F(ImportTest, Utf16TextIsRefused) {
@@ -209,6 +233,49 @@ TEST_F(ImportTest, TroubleWithTheOutputIsTold) {
     EXPECT_EQ(m_tool.Run({"import", "data.csv", "-o", "locked/out.grd"}), ExitFailed);
     EXPECT_EQ(Error(), "grd: locked/out.grd: there is no such folder\n");
     EXPECT_EQ(m_tool.Files.Content.size(), 1U);
+}
+
+TEST_F(ImportTest, AnyTableComesBackAsItWas) {
+    std::mt19937 random(11);
+    const std::vector<std::string> pieces{"a",  "7",  ",", "\"", "\r", "\n", " ", "\t", "中",
+                                          "。", "\\", "|", "~",  "",   "",   "",  "x",  "\"\""};
+    for (int round = 0; round < 200; ++round) {
+        const std::size_t columns = 1 + random() % 4;
+        std::string csv;
+        for (std::size_t row = 0; row < 1 + random() % 9; ++row) {
+            for (std::size_t col = 0; col < columns; ++col) {
+                // The last field of a row is never empty, so that each has as many as the first.
+                std::string field = col + 1 == columns ? "e" : "";
+                for (std::size_t piece = random() % 5; piece > 0; --piece) {
+                    for (const char c : pieces[random() % pieces.size()]) {
+                        field.append(c == '"' ? 2U : 1U, c);
+                    }
+                }
+                const bool quoted = field.find_first_of(",\"\r\n") != std::string::npos;
+                csv.append(col == 0 ? "" : ",").append(quoted ? "\"" : "");
+                csv.append(field).append(quoted ? "\"" : "");
+            }
+            csv += "\r\n";
+        }
+        ASSERT_EQ(Import(csv, {"--no-header"}), ExitOk) << csv << Error();
+        EXPECT_EQ(m_tool.Ask({"cells", "out.grd", "--as", "csv"}), csv);
+    }
+}
+
+TEST_F(ImportTest, NoBytesBringTheToolDown) {
+    std::mt19937 random(12);
+    const std::string_view bytes("a,\"\r\n\x81\x40\xE4\xB8\xAD\xFF\0\x7C", 13);
+    for (int round = 0; round < 2000; ++round) {
+        std::string text;
+        for (std::size_t i = random() % 40; i > 0; --i) {
+            text += bytes[random() % bytes.size()];
+        }
+        const int code = Import(text, {round % 2 == 0 ? "--replace" : "--no-header"});
+        EXPECT_EQ(code == ExitOk || !Error().empty(), true) << text;
+        if (code == ExitOk) {
+            EXPECT_EQ(m_tool.Run({"check", "out.grd"}), ExitOk) << Error();
+        }
+    }
 }
 
 // The short way into the file must give the bytes of the long one.

@@ -4,7 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <csignal>
 #include <sstream>
+
+#include "apps/grd/Interrupt.h"
 
 namespace veygrid {
 namespace {
@@ -65,6 +68,21 @@ TEST_F(ProgressTest, NoStreamAndNoWorkAreHarmless) {
     Wait(Progress::Patience);
     more.Reach(11);
     EXPECT_EQ(Stars(), 0);
+}
+
+TEST_F(ProgressTest, ASignalToEndStopsTheWorkOnce) {
+    CatchInterrupts();
+    Progress progress(nullptr, 100, Clock());
+    progress.Reach(1);
+    std::raise(SIGINT);
+    try {
+        progress.Reach(2);
+        ADD_FAILURE() << "not interrupted";
+    } catch (const Interrupted& interrupted) {
+        EXPECT_EQ(interrupted.ExitCode(), 130);
+    }
+    progress.Reach(3);
+    std::signal(SIGTERM, SIG_DFL);
 }
 
 TEST_F(ProgressTest, TotalsBeyond32BitsAreScaled) {

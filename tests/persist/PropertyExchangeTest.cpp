@@ -218,6 +218,20 @@ TEST(PropertyExchange, ALoadWithoutAFontTakesTheContainersFont) {
     EXPECT_EQ(stock, StockProperties{});
 }
 
+TEST(PropertyExchange, AFontRecordThatNamesNoFontIsTheContainersFontWhateverElseItHolds) {
+    StockProperties given = ChangedStock();
+    std::string bytes = Saved(given, {});
+    LogFont nameless = given.Font;
+    nameless.lfWeight = NoFontWeight;
+    const std::string_view named(reinterpret_cast<const char*>(&given.Font), sizeof given.Font);
+    bytes.replace(bytes.find(named), named.size(), reinterpret_cast<const char*>(&nameless),
+                  sizeof nameless);
+    StockProperties stock;
+    GridProperties properties;
+    Load(bytes, stock, properties);
+    EXPECT_EQ(stock.Font, AmbientFont);
+}
+
 TEST(PropertyExchange, AnyNonZeroByteIsTrueAndIsWrittenAsOne) {
     std::string bytes = Saved({}, {});
     bytes[20] = '\x7F';
