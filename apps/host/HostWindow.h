@@ -44,8 +44,12 @@ class HostWindow {
 
     // Where events go besides the status line.
     void SetEventHandler(ObjectEventHandler handler) { m_eventHandler = std::move(handler); }
-    // A script decides when the program ends: the window no longer closes when it is told to.
-    void SetScripted() { m_isScripted = true; }
+    // Before Create. A script decides when the program ends: the window does not close when it is
+    // told to, and messages of the controls are kept from the first one on.
+    void SetScripted() {
+        m_isScripted = true;
+        m_messages.Begin();
+    }
 
     // What comes before TranslateMessage in every loop: true when the message is used up.
     bool PreTranslate(MSG& message);

@@ -10,6 +10,7 @@
 #include "apps/host/ControlModule.h"
 #include "apps/host/HostWindow.h"
 #include "apps/host/Picture.h"
+#include "apps/host/ScriptRun.h"
 
 namespace veygrid {
 
@@ -32,16 +33,23 @@ int RunHost(const CommandLine& line) {
     InitCommonControlsEx(&controls);
     const ControlModule module;
     HostWindow window(module, line.locale);
+    if (!line.script.empty()) {
+        window.SetScripted();
+    }
     window.Create(line.size);
     window.Show();
     if (!line.file.empty() && !window.File().Open(window.Control().Grid(), line.file)) {
         return ExitTrouble;
     }
+    int result = ExitWell;
+    if (!line.script.empty()) {
+        result = RunScript(window, line.script, line.locale);
+    }
     if (!line.shot.empty()) {
         WritePng(TakePicture(window.Control().Window()), line.shot);
-        return ExitWell;
     }
-    return window.RunLoop();
+    const bool isForUser = line.script.empty() && line.shot.empty();
+    return isForUser ? window.RunLoop() : result;
 }
 
 int Run() {
