@@ -71,10 +71,7 @@ void HostObject::AddInputMembers() {
         m_input.Hold(given.Number(2));
         Act(MOUSEEVENTF_LEFTDOWN);
     });
-    AddAction(L"Move", 2, 2, [this](const ScriptArguments& given) {
-        MoveTo(given);
-        m_fiber.Pump(0);
-    });
+    AddAction(L"Move", 2, 2, [this](const ScriptArguments& given) { MoveTo(given); });
     AddAction(L"Release", 2, 3, [this](const ScriptArguments& given) {
         MoveTo(given);
         m_input.Hold(given.Number(2));
@@ -136,6 +133,7 @@ void HostObject::MoveTo(const ScriptArguments& given) {
     ClientToScreen(ControlWindow(), &point);
     BringForward();
     m_input.MoveTo(point);
+    m_fiber.Pump(0);
 }
 
 void HostObject::Act(DWORD action) {

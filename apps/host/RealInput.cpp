@@ -94,11 +94,13 @@ void RealInput::Button(DWORD action) {
     SendMouse(action, 0, 0);
 }
 
+// A key that stays held is pressed again, as a keyboard repeats it: the system may have let go of
+// what no real keyboard holds.
 void RealInput::Hold(long modifiers) {
     for (const Modifier& modifier : Modifiers) {
         const bool isHeld = (m_held & modifier.bit) != 0;
         const bool isWanted = (modifiers & modifier.bit) != 0;
-        if (isHeld != isWanted) {
+        if (isHeld || isWanted) {
             SendKey(modifier.key, isWanted ? 0 : KEYEVENTF_KEYUP);
         }
     }
