@@ -9,6 +9,7 @@
 
 #include "grid/GridProperties.h"
 #include "grid/GridStore.h"
+#include "grid/Messages.h"
 #include "persist/Archive.h"
 #include "persist/FormObjectRecord.h"
 #include "persist/StoredRect.h"
@@ -18,10 +19,6 @@ namespace veygrid {
 // The text that a file must hold at its beginning, and the one that this system writes.
 inline constexpr std::string_view BannerPrefix = "Veynor Data Grid Control Ver";
 inline constexpr std::string_view CurrentBanner = "Veynor Data Grid Control Ver3.0";
-
-inline constexpr std::string_view MessageCaption = "Veynor Grid Control";
-// Style of a message box that reports a failure.
-inline constexpr std::uint32_t StopMessageStyle = 16;
 
 inline constexpr std::uint32_t FirstCtrlID = 1001;
 
@@ -50,7 +47,7 @@ class GridFileHost {
     virtual ~GridFileHost() = default;
 
     // A modal box with MessageCaption; the text is in code page 936.
-    virtual void ShowMessage(std::string_view /*text*/, std::uint32_t /*style*/) {}
+    virtual void ShowMessage(std::string_view /*text*/, std::int32_t /*style*/) {}
 
     virtual bool HasWindow() { return false; }
     // Screen rectangle of the parent window; nothing without a window or without a parent.

@@ -2,7 +2,8 @@
 
 PACKAGES_BUILD=(g++ cmake ninja-build libicu-dev libcli11-dev nlohmann-json3-dev libboost1.81-dev)
 PACKAGES_TEST=(googletest clang clang-format clang-tidy libclang-rt-dev git)
-PACKAGES_WINDOWS=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine64 wine)
+PACKAGES_WINDOWS=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools wine64 wine
+                  xvfb xauth)
 PACKAGES_BENCH=(qtbase5-dev libwxgtk3.2-dev sqlite3 xz-utils)
 PACKAGES_RUN=(xz-utils)
 PACKAGES_PICTURE=(pango1.0-tools fonts-wqy-zenhei)

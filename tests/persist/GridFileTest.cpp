@@ -454,7 +454,7 @@ TEST(GridFile, ABannerWithoutThePrefixIsRefusedAndNothingElseChanges) {
 
 TEST(GridFile, TheRefusalIsSaidInCodePage936) {
     struct Host : GridFileHost {
-        void ShowMessage(std::string_view text, std::uint32_t style) override {
+        void ShowMessage(std::string_view text, std::int32_t style) override {
             shown = text;
             shownStyle = style;
         }

@@ -56,7 +56,7 @@ inline std::string Gbk(const char8_t* text) {
 // Every call becomes one line.
 class RecordingHost : public GridFileHost {
   public:
-    void ShowMessage(std::string_view text, std::uint32_t style) override {
+    void ShowMessage(std::string_view text, std::int32_t style) override {
         Calls.push_back("ShowMessage " + std::to_string(style) + " " + Utf8FromCodePage936(text));
     }
     bool HasWindow() override { return Window; }

@@ -33,8 +33,8 @@ std::string Utf8(const fs::path& path) {
 }
 
 struct Host : GridFileHost {
-    void ShowMessage(std::string_view, std::uint32_t style) override { styles.push_back(style); }
-    std::vector<std::uint32_t> styles;
+    void ShowMessage(std::string_view, std::int32_t style) override { styles.push_back(style); }
+    std::vector<std::int32_t> styles;
 };
 
 class FileSystemTest : public testing::Test {
@@ -163,7 +163,7 @@ TEST_F(FileSystemTest, WhereNoFileCanBeTheCreationFails) {
     }
     EXPECT_EQ(files->Replace(""), nullptr);
     EXPECT_FALSE(SaveFile(*files, Utf8(folder), store, document, host));
-    EXPECT_EQ(host.styles, std::vector<std::uint32_t>{16});
+    EXPECT_EQ(host.styles, std::vector<std::int32_t>{16});
     EXPECT_EQ(Names(), std::vector<std::string>{"file"});
 }
 
@@ -331,7 +331,7 @@ TEST_F(FileSystemTest, InAReadOnlyFolderNoFileCanBeCreated) {
         EXPECT_EQ(files->Replace(Utf8(folder / "a.grd")), nullptr);
         EXPECT_FALSE(SaveFile(*files, Utf8(folder / "a.grd"), store, document, host));
     }
-    EXPECT_EQ(host.styles, std::vector<std::uint32_t>{16});
+    EXPECT_EQ(host.styles, std::vector<std::int32_t>{16});
     fs::permissions(folder, fs::perms(0755));
 }
 
@@ -360,7 +360,7 @@ TEST_F(FileSystemTest, AReadOnlyFileIsNotReplaced) {
         EXPECT_FALSE(SaveFile(*files, Utf8(folder / "a.grd"), store, document, host));
     }
     EXPECT_EQ(Get(folder / "a.grd"), "old");
-    EXPECT_EQ(host.styles, std::vector<std::uint32_t>{16});
+    EXPECT_EQ(host.styles, std::vector<std::int32_t>{16});
     EXPECT_EQ(Names(), std::vector<std::string>{"a.grd"});
 }
 

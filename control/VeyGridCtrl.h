@@ -1,0 +1,90 @@
+// The control: an assembly of the sheet, its selection, its operations and its document.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "control/CellFormatObject.h"
+#include "control/HostAdapter.h"
+#include "grid/GridStore.h"
+#include "grid/RowColumnOperations.h"
+#include "grid/Selection.h"
+#include "persist/GridFile.h"
+#include "platform/win32/ole/OleControl.h"
+
+namespace veygrid {
+
+class CVeyGridCtrl final : public CVeyOleControl {
+  public:
+    // Recomposes on resizing, cannot be linked inside, is inside out, activated when visible, and
+    // wants its client site first.
+    static constexpr DWORD MiscStatus = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE |
+                                        OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE |
+                                        OLEMISC_SETCLIENTSITEFIRST;
+    static_assert(MiscStatus == 131473);
+
+    explicit CVeyGridCtrl(IUnknown* outer);
+    ~CVeyGridCtrl() override;
+
+    static IUnknown* Make(IUnknown* outer);
+
+    GridStore& Store() { return m_store; }
+    Selection& Selected() { return m_selection; }
+    RowColumnOperations& Operations() { return m_operations; }
+    GridDocument& Document() { return m_document; }
+
+    // Automation members that are more than a call of a part.
+    ComPtr<IDispatch> DefCellFormatObject() { return m_defCellFormat->Dispatch(); }
+    bool GuiDesignMode() const { return m_bGuiDesignMode; }
+    void SetGuiDesignMode(bool mode);
+    void SetGuiMode(bool mode);
+    void SetDataSource(std::string_view text);
+    void SetBkImage(std::string_view path);
+    bool GetSelection(std::int32_t index, std::int32_t* row1, std::int32_t* col1,
+                      std::int32_t* row2, std::int32_t* col2);
+    bool GetNextParam(std::int32_t* pos, std::string* name, std::string* value);
+    void SetColAutoWidth(std::int32_t col);
+    bool SaveFile(std::string_view path);
+    std::int16_t OpenFile(std::string_view path, std::int16_t runQuery);
+    std::int16_t RunQuery(std::int16_t getAllRecord);
+    std::int16_t SaveToDB();
+    void EditCopy();
+    void EditCut();
+    void EditPaste();
+    void SendCommand(std::int32_t item);
+    void AboutBox();
+
+    // Members whose behaviour the windows of the control will bring; until then each gives its
+    // refusing answer and changes nothing.
+    bool ScreenPosToRC(std::int16_t, std::int16_t, std::int32_t*, std::int32_t*) { return false; }
+    void RemoveAllMenuItem() {}
+    void AppendMenuItem(std::int32_t, std::string_view) {}
+    std::int16_t StartEdit() { return 0; }
+    std::int16_t EndEdit() { return 1; }
+    void BindDataset(IDispatch*) {}
+    void MakeCellVisible(std::int32_t, std::int32_t) {}
+    void ShowAlignDlg() {}
+    void ShowFontDlg() {}
+    void ShowToolbox(bool) {}
+    void ShowTabOrderDlg() {}
+    std::int32_t CreateFormObject(IDispatch*) { return 0; }
+    std::int32_t CreateAutoForm(std::int16_t, std::int32_t, std::int32_t) { return 0; }
+    void ShowPrintSetupDlg() {}
+    bool Print(bool) { return false; }
+    bool Preview(std::int32_t) { return false; }
+
+  private:
+    StockProperties& Stock() override { return m_document.Stock; }
+    std::uint32_t& StockBackColor() override { return m_store.Properties.BackColor; }
+
+    HostAdapter m_host{*this};
+    GridStore m_store{m_host};
+    Selection m_selection{m_store, m_host};
+    RowColumnOperations m_operations{m_store, m_selection, m_host};
+    GridDocument m_document;
+    bool m_bGuiDesignMode = false;
+    CellFormatObject* m_defCellFormat;  // one reference of it is the control's
+};
+
+}  // namespace veygrid
