@@ -95,7 +95,11 @@ DialogObject::DialogObject(HWND dialog, ScriptFiber& fiber) : m_dialog(dialog), 
     AddAction(L"Press", 1, 1, [this](const ScriptArguments& given) { Press(given.Number(0)); });
 }
 
+// The dialog's own controls come before those of pages and views inside it.
 HWND DialogObject::Item(long id) const {
+    if (const HWND own = GetDlgItem(m_dialog, static_cast<int>(id))) {
+        return own;
+    }
     ChildSearch search{static_cast<int>(id), nullptr};
     EnumChildWindows(m_dialog, &IsOtherChild, reinterpret_cast<LPARAM>(&search));
     if (search.found == nullptr) {

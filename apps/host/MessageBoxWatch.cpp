@@ -1,7 +1,9 @@
 // Sees every message box of the thread come up, answers it and keeps what it said.
 #include "apps/host/MessageBoxWatch.h"
 
-#include <iterator>
+#include <commctrl.h>
+
+#include <algorithm>
 
 #include "apps/host/WindowText.h"
 
@@ -12,7 +14,10 @@ namespace {
 // Hooks have no room for a pointer of their own.
 MessageBoxWatch* theWatch = nullptr;
 
-constexpr const wchar_t* HandledMark = L"VeyHostAnswered";
+constexpr const wchar_t* WatchedMark = L"VeyHostWatched";
+constexpr UINT_PTR SubclassId = 1;
+// Above what dialogs of the system use for themselves.
+constexpr UINT AnswerMessage = WM_APP + 0x3000;
 
 struct Button {
     int id;
@@ -64,6 +69,12 @@ bool IsMessageBox(HWND window) {
            FirstStatic(window, IconIds) != nullptr;
 }
 
+LONG LeftOf(HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    return place.left;
+}
+
 UINT ButtonStyle(HWND box) {
     const auto has = [box](int id) { return HasButton(box, id); };
     if (has(IDABORT)) {
@@ -101,17 +112,43 @@ UINT IconStyle(HWND box) {
     return 0;
 }
 
-int DefaultButton(HWND box) {
-    const DWORD answer = static_cast<DWORD>(SendMessageW(box, DM_GETDEFID, 0, 0));
-    if (HIWORD(answer) == DC_HASDEFID && HasButton(box, LOWORD(answer))) {
-        return LOWORD(answer);
-    }
-    for (const Button& button : Buttons) {
-        if (HasButton(box, button.id)) {
-            return button.id;
+// The buttons from left to right.
+std::vector<int> ButtonsOf(HWND box) {
+    std::vector<int> ids;
+    for (HWND child = GetWindow(box, GW_CHILD); child != nullptr;
+         child = GetWindow(child, GW_HWNDNEXT)) {
+        if (HasButton(box, GetDlgCtrlID(child))) {
+            ids.push_back(GetDlgCtrlID(child));
         }
     }
-    return IDOK;
+    std::sort(ids.begin(), ids.end(), [box](int one, int other) {
+        return LeftOf(GetDlgItem(box, one)) < LeftOf(GetDlgItem(box, other));
+    });
+    return ids;
+}
+
+bool IsDefault(HWND button) {
+    return (GetWindowLongW(button, GWL_STYLE) & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
+}
+
+// The place of the default button among the buttons, from 0.
+std::size_t DefaultPlace(HWND box, const std::vector<int>& buttons) {
+    for (std::size_t place = 0; place < buttons.size(); ++place) {
+        if (IsDefault(GetDlgItem(box, buttons[place]))) {
+            return place;
+        }
+    }
+    return 0;
+}
+
+int DefaultButton(HWND box) {
+    const std::vector<int> buttons = ButtonsOf(box);
+    return buttons.empty() ? IDOK : buttons[DefaultPlace(box, buttons)];
+}
+
+UINT StyleOf(HWND box) {
+    const auto place = static_cast<UINT>(DefaultPlace(box, ButtonsOf(box)));
+    return ButtonStyle(box) | IconStyle(box) | place * MB_DEFBUTTON2;
 }
 
 const wchar_t* NameOf(int id) {
@@ -152,18 +189,35 @@ LRESULT CALLBACK MessageBoxWatch::OnHook(int code, WPARAM wParam, LPARAM lParam)
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
+// A box is activated before it has marked its default button, so that the answer has to wait.
 void MessageBoxWatch::OnActivate(HWND window) {
-    if (GetPropW(window, HandledMark) != nullptr || !IsMessageBox(window)) {
+    if (GetPropW(window, WatchedMark) != nullptr || !IsMessageBox(window)) {
         return;
     }
-    SetPropW(window, HandledMark, this);
-    const int answer = ChooseAnswer(window);
-    m_lines.push_back(TextOfWindow(window) + L", " + TextOfWindow(FirstStatic(window, TextIds)) +
-                      L", " + std::to_wstring(ButtonStyle(window) | IconStyle(window)) + L", " +
-                      NameOf(answer));
-    // Posted, so that the box is on the screen before it goes.
-    PostMessageW(window, WM_COMMAND, MAKEWPARAM(answer, BN_CLICKED),
-                 reinterpret_cast<LPARAM>(GetDlgItem(window, answer)));
+    SetPropW(window, WatchedMark, this);
+    SetWindowSubclass(window, &OnBoxMessage, SubclassId, reinterpret_cast<DWORD_PTR>(this));
+    PostMessageW(window, AnswerMessage, 0, 0);
+}
+
+LRESULT CALLBACK MessageBoxWatch::OnBoxMessage(HWND window, UINT message, WPARAM wParam,
+                                               LPARAM lParam, UINT_PTR id, DWORD_PTR self) {
+    if (message == AnswerMessage) {
+        reinterpret_cast<MessageBoxWatch*>(self)->Answer(window);
+        return 0;
+    }
+    if (message == WM_NCDESTROY) {
+        RemovePropW(window, WatchedMark);
+        RemoveWindowSubclass(window, &OnBoxMessage, id);
+    }
+    return DefSubclassProc(window, message, wParam, lParam);
+}
+
+void MessageBoxWatch::Answer(HWND box) {
+    const int answer = ChooseAnswer(box);
+    m_lines.push_back(TextOfWindow(box) + L", " + TextOfWindow(FirstStatic(box, TextIds)) + L", " +
+                      std::to_wstring(StyleOf(box)) + L", " + NameOf(answer));
+    PostMessageW(box, WM_COMMAND, MAKEWPARAM(answer, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(GetDlgItem(box, answer)));
 }
 
 int MessageBoxWatch::ChooseAnswer(HWND box) {

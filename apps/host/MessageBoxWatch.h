@@ -23,12 +23,15 @@ class MessageBoxWatch {
     bool QueueAnswer(const std::wstring& button);
 
     // "caption, text, style, answer" of each box since the last call. The style is the number that
-    // the box was asked for with, as far as its buttons and its icon tell.
+    // the box was asked for with, as far as its buttons, its icon and its default button tell.
     std::vector<std::wstring> Take() { return std::exchange(m_lines, {}); }
 
   private:
     static LRESULT CALLBACK OnHook(int code, WPARAM wParam, LPARAM lParam);
     void OnActivate(HWND window);
+    static LRESULT CALLBACK OnBoxMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                         UINT_PTR id, DWORD_PTR self);
+    void Answer(HWND box);
     int ChooseAnswer(HWND box);
 
     HHOOK m_hook = nullptr;
