@@ -92,6 +92,12 @@ void HostWindow::Destroy() {
     }
 }
 
+void HostWindow::OpenFile(const std::wstring& path) {
+    m_file->Open(Control().Grid(), path);
+    ShowTitle();
+    RefreshStatus();
+}
+
 HostedControl& HostWindow::AddControl() {
     HostedControl& made = MakeControl();
     Layout();
@@ -164,7 +170,7 @@ LRESULT CALLBACK HostWindow::Procedure(HWND window, UINT message, WPARAM wParam,
     try {
         return self->OnMessage(message, wParam, lParam);
     } catch (const ComFault& fault) {
-        TellTrouble(window, fault.what);
+        TellTrouble(window, fault.what + L"\n" + ErrorText(fault.result));
     } catch (const std::exception&) {
         TellTrouble(window, L"内存不足");
     }

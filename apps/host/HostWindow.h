@@ -40,6 +40,8 @@ class HostWindow {
     // Puts one more control beside the others. Throws ComFault.
     HostedControl& AddControl();
     GridFile& File() { return *m_file; }
+    // Opens the file and shows its name; tells the user of a failure.
+    void OpenFile(const std::wstring& path);
     MessageRecord& Messages() { return m_messages; }
 
     // Where events go besides the status line.

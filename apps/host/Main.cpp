@@ -9,8 +9,10 @@
 #include "apps/host/Console.h"
 #include "apps/host/ControlModule.h"
 #include "apps/host/HostWindow.h"
+#include "apps/host/MessageBoxWatch.h"
 #include "apps/host/Picture.h"
 #include "apps/host/ScriptRun.h"
+#include "apps/host/Text.h"
 
 namespace veygrid {
 
@@ -27,6 +29,35 @@ class OleSession {
     ~OleSession() { OleUninitialize(); }
 };
 
+// A run for a user ends with the window, any other with its script or its picture.
+bool IsForUser(const CommandLine& line) {
+    return line.script.empty() && line.shot.empty();
+}
+
+// Without a user: the boxes that come up are answered, and what follows is on the streams.
+int RunAlone(HostWindow& window, const CommandLine& line) {
+    MessageBoxWatch boxes;
+    if (!line.file.empty() && !window.File().Open(window.Control().Grid(), line.file)) {
+        WriteErrorLine(L"VeyHost: cannot open " + line.file);
+        return ExitTrouble;
+    }
+    int result = ExitWell;
+    if (!line.script.empty()) {
+        result = RunScript(window, boxes, line.script, line.locale);
+    }
+    if (!line.shot.empty()) {
+        WritePng(TakePicture(window.Control().Window()), line.shot);
+    }
+    return result;
+}
+
+int RunForUser(HostWindow& window, const CommandLine& line) {
+    if (!line.file.empty()) {
+        window.OpenFile(line.file);
+    }
+    return window.RunLoop();
+}
+
 int RunHost(const CommandLine& line) {
     SetThreadLocale(line.locale);
     const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_BAR_CLASSES};
@@ -38,18 +69,14 @@ int RunHost(const CommandLine& line) {
     }
     window.Create(line.size);
     window.Show();
-    if (!line.file.empty() && !window.File().Open(window.Control().Grid(), line.file)) {
-        return ExitTrouble;
+    return IsForUser(line) ? RunForUser(window, line) : RunAlone(window, line);
+}
+
+void TellFault(const CommandLine& line, const std::wstring& text) {
+    WriteErrorLine(L"VeyHost: " + text);
+    if (IsForUser(line)) {
+        TellTrouble(nullptr, text);
     }
-    int result = ExitWell;
-    if (!line.script.empty()) {
-        result = RunScript(window, line.script, line.locale);
-    }
-    if (!line.shot.empty()) {
-        WritePng(TakePicture(window.Control().Window()), line.shot);
-    }
-    const bool isForUser = line.script.empty() && line.shot.empty();
-    return isForUser ? window.RunLoop() : result;
 }
 
 int Run() {
@@ -64,11 +91,9 @@ int Run() {
         const OleSession ole;
         return RunHost(*line);
     } catch (const ComFault& fault) {
-        wchar_t code[16];
-        swprintf(code, std::size(code), L" (0x%08lX)", static_cast<unsigned long>(fault.result));
-        WriteErrorLine(L"VeyHost: " + fault.what + code);
+        TellFault(*line, fault.what + L": " + ErrorText(fault.result));
     } catch (const std::exception&) {
-        WriteErrorLine(L"VeyHost: out of memory");
+        TellFault(*line, ErrorText(E_OUTOFMEMORY));
     }
     return ExitTrouble;
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "apps/host/Automation.h"
+#include "apps/host/Text.h"
 
 namespace veygrid {
 
@@ -21,12 +22,6 @@ struct OwnedException : EXCEPINFO {
         SysFreeString(bstrHelpFile);
     }
 };
-
-std::wstring Hexadecimal(HRESULT code) {
-    wchar_t text[16];
-    swprintf(text, std::size(text), L"0x%08lX", static_cast<unsigned long>(code));
-    return text;
-}
 
 // Writes a value through the reference of an event's argument.
 void Assign(const VARIANT& reference, VARIANT& value) {
@@ -202,10 +197,8 @@ STDMETHODIMP ScriptEngine::GetWindow(HWND* window) {
 void ScriptEngine::Report(const std::wstring& place, const EXCEPINFO& exception, HRESULT code) {
     m_hasReported = true;
     const std::wstring text(TextOfBstr(exception.bstrDescription));
-    const HRESULT number = exception.scode != 0 ? exception.scode : code;
     if (onError) {
-        onError(place + L": " + (text.empty() ? L"error" : text) + L" (" + Hexadecimal(number) +
-                L")");
+        onError(place + L": " + ErrorText(exception.scode != 0 ? exception.scode : code, text));
     }
 }
 

@@ -6,7 +6,6 @@
 #include "apps/host/Console.h"
 #include "apps/host/FileObject.h"
 #include "apps/host/HostObject.h"
-#include "apps/host/MessageBoxWatch.h"
 #include "apps/host/ScriptEngine.h"
 #include "apps/host/ScriptFiber.h"
 #include "apps/host/ScriptedControl.h"
@@ -34,11 +33,11 @@ std::wstring ReadScript(const std::wstring& path) {
 // The parts of one run, joined.
 class ScriptRun {
   public:
-    ScriptRun(HostWindow& window, const std::wstring& path, LCID locale)
+    ScriptRun(HostWindow& window, MessageBoxWatch& boxes, const std::wstring& path, LCID locale)
         : m_window(window),
           m_text(ReadScript(path)),
           m_fiber([&window](MSG& message) { return window.PreTranslate(message); }),
-          m_host(MakeCom<HostObject>(window, m_fiber, m_boxes)),
+          m_host(MakeCom<HostObject>(window, m_fiber, boxes)),
           m_engine(MakeCom<ScriptEngine>(
               ScriptEngine::Setting{LanguageOf(path), path.substr(path.find_last_of(L"\\/") + 1),
                                     window.Window(), locale})) {}
@@ -82,7 +81,6 @@ class ScriptRun {
 
     HostWindow& m_window;
     std::wstring m_text;
-    MessageBoxWatch m_boxes;
     ScriptFiber m_fiber;
     ComPtr<HostObject> m_host;
     ComPtr<ScriptEngine> m_engine;
@@ -91,8 +89,8 @@ class ScriptRun {
 
 }  // namespace
 
-int RunScript(HostWindow& window, const std::wstring& path, LCID locale) {
-    return ScriptRun(window, path, locale).Run();
+int RunScript(HostWindow& window, MessageBoxWatch& boxes, const std::wstring& path, LCID locale) {
+    return ScriptRun(window, boxes, path, locale).Run();
 }
 
 }  // namespace veygrid

@@ -3,6 +3,9 @@
 
 #include <windows.h>
 
+#include <cwchar>
+#include <iterator>
+
 #include "valuetext/CodePage936.h"
 
 namespace veygrid {
@@ -29,7 +32,25 @@ std::wstring WideFromUtf16Bytes(std::string_view bytes, bool isBigEndian) {
     return wide;
 }
 
+std::wstring SystemMessage(long result) {
+    wchar_t text[512];
+    const DWORD length = FormatMessageW(
+        FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK,
+        nullptr, static_cast<DWORD>(result), 0, text, static_cast<DWORD>(std::size(text)), nullptr);
+    const std::wstring_view message(text, length);
+    return std::wstring(message.substr(0, message.find_last_not_of(L" .") + 1));
+}
+
 }  // namespace
+
+std::wstring ErrorText(long result, std::wstring text) {
+    if (text.empty()) {
+        text = SystemMessage(result);
+    }
+    wchar_t number[16];
+    swprintf(number, std::size(number), L"(0x%08lX)", static_cast<unsigned long>(result));
+    return (text.empty() ? L"error" : text) + L" " + number;
+}
 
 std::string Utf8FromWide(std::wstring_view text) {
     const int size = static_cast<int>(text.size());

@@ -14,4 +14,8 @@ std::wstring WideFromFileBytes(std::string_view bytes);
 // Text of code page 936, as registered messages carry it, whatever the machine's locale.
 std::wstring WideFromNarrow(std::string_view text);
 
+// A text on an error with its number, "Access is denied (0x80070005)"; the system's own text where
+// none is given.
+std::wstring ErrorText(long result, std::wstring text = {});
+
 }  // namespace veygrid

@@ -50,6 +50,24 @@ hand_over() {
 # trouble MESSAGE: notes what is wrong with the test that runs.
 trouble() { problems+=("$1"); }
 
+# report NAME: counts the test that ran and shows its problems.
+report() {
+    if [ "${#problems[@]}" = 0 ]; then
+        passed=$((passed + 1))
+        printf 'ok      %s\n' "$1"
+        return
+    fi
+    failed=$((failed + 1))
+    printf 'FAILED  %s\n' "$1"
+    printf '        %s\n' "${problems[@]}"
+    sed 's/^/        | /' "$work/stdout" "$work/stderr"
+}
+
+# start ARGUMENT...: runs the host in the work folder; its streams go to files there.
+start() {
+    (cd "$work" && timeout 60 wine "$host" "$@" >stdout 2>stderr </dev/null)
+}
+
 judge() {
     local file=$1 code=$2 wanted line
     wanted=$(expectations exit "$file")
@@ -71,19 +89,42 @@ run_test() {
     local -a problems=() arguments=()
     read -ra arguments < <(expectations args "$file"; echo)
     hand_over "$file"
-    (cd "$work" && timeout 60 wine "$host" "${arguments[@]}" /script "$name" >stdout 2>stderr </dev/null) ||
-        code=$?
+    start "${arguments[@]}" /script "$name" || code=$?
     tr -d '\r' <"$work/stdout" >"$work/stdout.plain" && mv "$work/stdout.plain" "$work/stdout"
     judge "$file" "$code"
-    if [ "${#problems[@]}" = 0 ]; then
-        passed=$((passed + 1))
-        printf 'ok      %s\n' "$name"
-    else
-        failed=$((failed + 1))
-        printf 'FAILED  %s\n' "$name"
-        printf '        %s\n' "${problems[@]}"
-        sed 's/^/        | /' "$work/stdout" "$work/stderr"
-    fi
+    report "$name"
+}
+
+# command_line TITLE CODE STDERR ARGUMENT...: a run without a script of this folder.
+command_line() {
+    local title=$1 wanted=$2 text=$3 code=0
+    local -a problems=()
+    shift 3
+    start "$@" || code=$?
+    [ "$code" = "$wanted" ] || trouble "exit code $code in place of $wanted"
+    [ -z "$text" ] || grep -qF -- "$text" "$work/stderr" || trouble "not on standard error: $text"
+    [ -z "${picture:-}" ] || [ "$(picture_size "$work/$picture")" = "$size" ] ||
+        trouble "$picture is not a picture of $size"
+    report "$title"
+}
+
+# picture_size FILE: width and height as the head of a PNG file has them.
+picture_size() {
+    [ "$(head -c 8 "$1" | tail -c 7)" = $'PNG\r\n\x1a' ] &&
+        od -An -tu1 -j16 -N8 "$1" | awk '{ print $3 * 256 + $4, $7 * 256 + $8 }'
+}
+
+command_lines() {
+    command_line "an unknown option" 2 "usage: VeyHost.exe" /nonsense
+    command_line "a size without height" 2 "wrong option /size" /size 300
+    command_line "a locale that is none" 2 "wrong option /locale" /locale nowhere
+    command_line "a script that is not there" 1 "cannot read none.vbs" /script none.vbs
+    command_line "a file that is not there" 1 "cannot open none.grd" none.grd /shot none.png
+    picture=shot.png size="300 200" command_line "a picture" 0 "" /shot shot.png /size 300 200
+    printf 'Grid.CellText(3, 4) = "cell"\nGrid.SaveFile "made.grd"\n' >"$work/make.vbs"
+    command_line "a file made by a script" 0 "" /script make.vbs
+    printf 'If Grid.CellText(3, 4) <> "cell" Then Host.Quit 9\n' >"$work/look.vbs"
+    command_line "a file named on the command line" 0 "" made.grd /script look.vbs
 }
 
 [ -f "$host" ] || { echo "run.sh: no $host"; exit 1; }
@@ -95,6 +136,7 @@ if [ $# -gt 0 ]; then
     files=("${@/#/$here/}")
 else
     files=("$here"/*.vbs "$here"/*.js)
+    command_lines
 fi
 for file in "${files[@]}"; do
     run_test "$file"
