@@ -1,10 +1,19 @@
 // The control: an assembly of the sheet, its selection, its operations and its document.
 #include "control/VeyGridCtrl.h"
 
+#include <array>
+
 #include "binding/DataSourceText.h"
 #include "control/AutomationTable.h"
+#include "control/ClassIds.h"
+#include "control/GdiTextMeasure.h"
+#include "control/RegisteredMessages.h"
 #include "persist/FileCommands.h"
+#include "persist/PropertyBag.h"
+#include "persist/PropertyExchange.h"
+#include "persist/TabbedText.h"
 #include "platform/FileSystem.h"
+#include "platform/win32/Clipboard.h"
 #include "valuetext/CodePage936.h"
 
 namespace veygrid {
@@ -13,10 +22,25 @@ namespace {
 
 constexpr UINT UserTypeNameId = 1;
 
+constexpr UINT AboutBoxId = 2300;
+// 320 by 240 pixels on the usual screen, in HIMETRIC.
+constexpr SIZEL FirstExtent{8467, 6350};
+
+// The control's own page first.
+constexpr std::array Pages{PropertyPageClassId, StockFontPageId, StockColorPageId};
+
 const ControlClass& GridClass() {
-    static const ControlClass gridClass{VeyGridAutomation, CVeyGridCtrl::MiscStatus,
-                                        UserTypeNameId};
+    static const ControlClass gridClass{VeyGridAutomation, CVeyGridCtrl::MiscStatus, UserTypeNameId,
+                                        Pages};
     return gridClass;
+}
+
+INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
+    if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)) {
+        ::EndDialog(dialog, LOWORD(wParam));
+        return TRUE;
+    }
+    return message == WM_INITDIALOG ? TRUE : FALSE;
 }
 
 }  // namespace
@@ -24,6 +48,10 @@ const ControlClass& GridClass() {
 CVeyGridCtrl::CVeyGridCtrl(IUnknown* outer)
     : CVeyOleControl(outer, GridClass(), this), m_defCellFormat(new CellFormatObject(nullptr)) {
     m_defCellFormat->Refer(m_store.DefCellFormat);
+    m_document.Stock.ExtentWidth = FirstExtent.cx;
+    m_document.Stock.ExtentHeight = FirstExtent.cy;
+    // Hosts may ask for the numbers by name from now on.
+    NumberOf(Message::AskFor);
 }
 
 // A host may hold the object of the default format longer than the control.
@@ -81,7 +109,9 @@ bool CVeyGridCtrl::GetNextParam(std::int32_t* pos, std::string* name, std::strin
                                        value == nullptr ? unused : *value);
 }
 
-void CVeyGridCtrl::SetColAutoWidth(std::int32_t) {}
+void CVeyGridCtrl::SetColAutoWidth(std::int32_t col) {
+    veygrid::SetColAutoWidth(m_store, col, GdiTextMeasure(FontObject().Get()));
+}
 
 bool CVeyGridCtrl::SaveFile(std::string_view path) {
     return veygrid::SaveFile(*MakeFileSystem(), Utf8FromCodePage936(path), m_store, m_document,
@@ -101,10 +131,79 @@ std::int16_t CVeyGridCtrl::SaveToDB() {
     return m_store.Log.IsEmpty() ? 0 : 1;
 }
 
-void CVeyGridCtrl::EditCopy() {}
-void CVeyGridCtrl::EditCut() {}
-void CVeyGridCtrl::EditPaste() {}
-void CVeyGridCtrl::SendCommand(std::int32_t) {}
-void CVeyGridCtrl::AboutBox() {}
+void CVeyGridCtrl::EditCopy() {
+    PutClipboardText(Window(), SelectionText(m_store, m_selection.SelectionList));
+}
+
+// Copying takes the last selected range and cutting clears the first; that is on purpose.
+void CVeyGridCtrl::EditCut() {
+    EditCopy();
+    const CellRange range = m_selection.SelectionList.empty() ? m_selection.ActiveCellRange()
+                                                              : m_selection.SelectionList.front();
+    m_operations.ClearRange(range.Row1, range.Col1, range.Row2, range.Col2,
+                            static_cast<std::int16_t>(ClearType::Texts));
+}
+
+void CVeyGridCtrl::EditPaste() {
+    if (const std::optional<std::string> text = GetClipboardText(Window())) {
+        SetTabbedText(m_store, m_store.ActiveRow, m_store.ActiveCol, *text);
+    }
+}
+
+void CVeyGridCtrl::AboutBox() {
+    ::DialogBoxParamW(module::Instance(), MAKEINTRESOURCEW(AboutBoxId), Window(), AboutProcedure,
+                      0);
+}
+
+void CVeyGridCtrl::SaveState(ByteSink& sink) {
+    ArchiveWriter archive(sink);
+    WriteGrid(archive, m_store, m_document, m_host);
+    archive.Close();
+}
+
+std::uint64_t CVeyGridCtrl::LoadState(ByteSource& source) {
+    ArchiveReader archive(source);
+    ReadGrid(archive, m_store, m_document, m_host);
+    return archive.Position();
+}
+
+void CVeyGridCtrl::SaveInBag(PropertyBag& bag) {
+    SaveToBag(bag, m_document.Stock, m_store.Properties);
+}
+
+void CVeyGridCtrl::LoadFromBag(PropertyBag& bag) {
+    veygrid::LoadFromBag(bag, m_document.Stock, m_store.Properties);
+}
+
+void CVeyGridCtrl::OnResetState() {
+    ResetProperties(m_document.Stock, m_store.Properties);
+}
+
+std::vector<PredefinedValue> CVeyGridCtrl::OnGetPredefinedStrings(DISPID id) {
+    constexpr DISPID ModifiedLogId = 28;
+    if (id != ModifiedLogId) {
+        return {};
+    }
+    const auto cookie = [](ModifiedLogMode mode) { return static_cast<DWORD>(mode); };
+    return {{L"关闭", cookie(ModifiedLogMode::Off)},
+            {L"行方式", cookie(ModifiedLogMode::Rows)},
+            {L"列方式", cookie(ModifiedLogMode::Columns)},
+            {L"单元格方式", cookie(ModifiedLogMode::Cells)}};
+}
+
+const CLSID* CVeyGridCtrl::OnMapPropertyToPage(DISPID id) {
+    constexpr DISPID BkImageId = 34;
+    switch (id) {
+        case BkImageId:
+            return &PropertyPageClassId;
+        case DISPID_FONT:
+            return &StockFontPageId;
+        case DISPID_BACKCOLOR:
+        case DISPID_FORECOLOR:
+            return &StockColorPageId;
+        default:
+            return nullptr;
+    }
+}
 
 }  // namespace veygrid

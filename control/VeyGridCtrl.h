@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "control/CellFormatObject.h"
 #include "control/HostAdapter.h"
@@ -35,6 +37,8 @@ class CVeyGridCtrl final : public CVeyOleControl {
     GridDocument& Document() { return m_document; }
 
     // Automation members that are more than a call of a part.
+    // Number of a menu item as hosts give it, to the command that it stands for.
+    static std::int32_t CommandOfItem(std::int32_t item);
     ComPtr<IDispatch> DefCellFormatObject() { return m_defCellFormat->Dispatch(); }
     bool GuiDesignMode() const { return m_bGuiDesignMode; }
     void SetGuiDesignMode(bool mode);
@@ -74,7 +78,28 @@ class CVeyGridCtrl final : public CVeyOleControl {
     bool Print(bool) { return false; }
     bool Preview(std::int32_t) { return false; }
 
+    // Handler of the message that saves the current record: it is acknowledged and written nowhere.
+    std::int32_t SaveRecord() { return 1; }
+
+    void SaveState(ByteSink& sink) override;
+    std::uint64_t LoadState(ByteSource& source) override;
+    void SaveInBag(PropertyBag& bag) override;
+    void LoadFromBag(PropertyBag& bag) override;
+    void OnResetState() override;
+    std::vector<PredefinedValue> OnGetPredefinedStrings(DISPID id) override;
+    const CLSID* OnMapPropertyToPage(DISPID id) override;
+
   private:
+    void OnDraw(HDC target, const RECT& bounds, const RECT& invalid) override;
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    // The answer to a registered message; nothing for one without a handler.
+    std::optional<LRESULT> OnRegisteredMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnRecordMessage(UINT message);
+    void OnCreate();
+    // False for a command that is not the control's.
+    bool OnCommand(UINT id);
+    void MoveToRow(std::int32_t row);
+
     StockProperties& Stock() override { return m_document.Stock; }
     std::uint32_t& StockBackColor() override { return m_store.Properties.BackColor; }
 
@@ -84,6 +109,8 @@ class CVeyGridCtrl final : public CVeyOleControl {
     RowColumnOperations m_operations{m_store, m_selection, m_host};
     GridDocument m_document;
     bool m_bGuiDesignMode = false;
+    // The parent's answer at creation; the host owns the object.
+    LRESULT m_dataAccess = 0;
     CellFormatObject* m_defCellFormat;  // one reference of it is the control's
 };
 

@@ -1,41 +1,225 @@
-// The base of an OLE control.
+// The base of an OLE control: interfaces, container, stock properties and drawing.
 #include "platform/win32/ole/OleControl.h"
+
+#include <algorithm>
+#include <array>
+
+#include "platform/win32/ole/ControlFont.h"
+#include "platform/win32/ole/Guard.h"
 
 namespace veygrid {
 
 CVeyOleControl::CVeyOleControl(IUnknown* outer, const ControlClass& controlClass, void* handled)
     : OleObject(outer),
       m_class(controlClass),
-      m_automation(*this, controlClass.automation, handled) {}
+      m_automation(*this, controlClass.automation, handled),
+      m_connections(*this, *controlClass.automation.events) {}
 
 IUnknown* CVeyOleControl::FindInterface(REFIID iid) {
-    return m_automation.Find(iid);
+    struct Entry {
+        const IID& iid;
+        IUnknown* (*find)(CVeyOleControl&);
+    };
+    using Control = CVeyOleControl;
+    static const auto ofView = [](Control& c) -> IUnknown* { return &c.m_view; };
+    static const auto ofInPlace = [](Control& c) -> IUnknown* { return &c.m_inPlaceObject; };
+    static const auto ofStream = [](Control& c) -> IUnknown* { return &c.m_stream; };
+    static const std::array entries{
+        Entry{IID_IOleObject, [](Control& c) -> IUnknown* { return &c.m_oleObject; }},
+        Entry{IID_IOleControl, [](Control& c) -> IUnknown* { return &c.m_oleControl; }},
+        Entry{IID_IOleInPlaceObject, ofInPlace},
+        Entry{IID_IOleWindow, ofInPlace},
+        Entry{IID_IOleInPlaceActiveObject,
+              [](Control& c) -> IUnknown* { return &c.m_activeObject; }},
+        Entry{IID_IQuickActivate, [](Control& c) -> IUnknown* { return &c.m_quickActivate; }},
+        Entry{IID_IViewObject, ofView},
+        Entry{IID_IViewObject2, ofView},
+        Entry{IID_IViewObjectEx, ofView},
+        Entry{IID_IDataObject, [](Control& c) -> IUnknown* { return &c.m_data; }},
+        Entry{IID_IPersist, ofStream},
+        Entry{IID_IPersistStreamInit, ofStream},
+        Entry{IID_IPersistStorage, [](Control& c) -> IUnknown* { return &c.m_storage; }},
+        Entry{IID_IPersistPropertyBag, [](Control& c) -> IUnknown* { return &c.m_bag; }},
+        Entry{IID_IPersistMemory, [](Control& c) -> IUnknown* { return &c.m_memory; }},
+        Entry{IID_IConnectionPointContainer,
+              [](Control& c) -> IUnknown* { return &c.m_connections; }},
+        Entry{IID_ISpecifyPropertyPages, [](Control& c) -> IUnknown* { return &c.m_pages; }},
+        Entry{IID_IPerPropertyBrowsing, [](Control& c) -> IUnknown* { return &c.m_browsing; }},
+    };
+    if (IUnknown* const found = m_automation.Find(iid)) {
+        return found;
+    }
+    const auto entry = std::ranges::find_if(entries, [&](const Entry& e) { return e.iid == iid; });
+    return entry == entries.end() ? nullptr : entry->find(*this);
+}
+
+// A host may let go of a control without closing it.
+void CVeyOleControl::OnFinalRelease() {
+    InPlaceDeactivate();
+    if (m_window != nullptr) {
+        ::DestroyWindow(m_window);
+    }
+    m_connections.Events().Clear();
+    m_connections.Properties().Clear();
+}
+
+template <class Value>
+void CVeyOleControl::ChangeStock(DISPID id, Value& member, Value value) {
+    const KeepAlive keep(*this);
+    bool mayChange = true;
+    m_connections.Properties().ForEach<IPropertyNotifySink>([&](IPropertyNotifySink& sink) {
+        mayChange = sink.OnRequestEdit(id) != S_FALSE && mayChange;
+    });
+    if (!mayChange) {
+        return;
+    }
+    member = value;
+    SetModifiedFlag();
+    m_connections.Properties().ForEach<IPropertyNotifySink>(
+        [&](IPropertyNotifySink& sink) { sink.OnChanged(id); });
+    InvalidateControl();
 }
 
 void CVeyOleControl::SetForeColor(std::uint32_t color) {
-    Stock().ForeColor = color;
-    SetModifiedFlag();
+    ChangeStock(DISPID_FORECOLOR, Stock().ForeColor, color);
 }
 
 void CVeyOleControl::SetBackColor(std::uint32_t color) {
-    StockBackColor() = color;
-    SetModifiedFlag();
+    ChangeStock(DISPID_BACKCOLOR, StockBackColor(), color);
 }
 
 void CVeyOleControl::SetBorderStyle(std::int16_t style) {
-    Stock().BorderStyle = style;
-    SetModifiedFlag();
+    ChangeStock(DISPID_BORDERSTYLE, Stock().BorderStyle, style);
+    ApplyBorder();
 }
 
 void CVeyOleControl::SetEnabled(bool enabled) {
-    Stock().Enabled = enabled;
-    SetModifiedFlag();
+    ChangeStock(DISPID_ENABLED, Stock().Enabled, enabled);
+    if (m_window != nullptr) {
+        ::EnableWindow(m_window, enabled);
+    }
 }
 
 ComPtr<IDispatch> CVeyOleControl::FontObject() {
-    return nullptr;
+    if (m_font != nullptr) {
+        return m_font;
+    }
+    if (Stock().Font.lfWeight != AmbientFontWeight) {
+        m_font = FontFromRecord(Stock().Font);
+        return m_font;
+    }
+    OwnedVariant ambient;
+    return GetAmbient(DISPID_AMBIENT_FONT, VT_DISPATCH, ambient)
+               ? ComPtr<IDispatch>(ambient->pdispVal)
+               : DefaultFont();
 }
 
-void CVeyOleControl::SetFontObject(IDispatch*) {}
+void CVeyOleControl::SetFontObject(IDispatch* font) {
+    m_font = font;
+    ChangeStock(DISPID_FONT, Stock().Font, RecordFromFont(font));
+}
+
+void CVeyOleControl::SetClientSite(IOleClientSite* site) {
+    if (site == nullptr) {
+        InPlaceDeactivate();
+    }
+    m_site = site;
+    m_ambient = nullptr;
+    if (site != nullptr) {
+        site->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(m_ambient.GetAddressOf()));
+    }
+}
+
+bool CVeyOleControl::GetAmbient(DISPID id, VARTYPE type, OwnedVariant& value) {
+    const ComPtr<IDispatch> ambient = m_ambient;
+    DISPPARAMS none{};
+    OwnedVariant given;
+    return ambient != nullptr &&
+           SUCCEEDED(ambient->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none,
+                                     &given, nullptr, nullptr)) &&
+           SUCCEEDED(::VariantChangeType(&value, &given, 0, type)) &&
+           (type != VT_DISPATCH || value->pdispVal != nullptr);
+}
+
+SIZEL CVeyOleControl::Extent() {
+    return {Stock().ExtentWidth, Stock().ExtentHeight};
+}
+
+void CVeyOleControl::SetExtent(SIZEL extent) {
+    Stock().ExtentWidth = extent.cx;
+    Stock().ExtentHeight = extent.cy;
+    InvalidateControl();
+}
+
+void CVeyOleControl::InvalidateControl(const RECT* area) {
+    const KeepAlive keep(*this);
+    if (m_window != nullptr) {
+        ::InvalidateRect(m_window, area, TRUE);
+    }
+    m_view.Changed();
+    if (m_dataAdvise != nullptr) {
+        m_dataAdvise->SendOnDataChange(&m_data, 0, 0);
+    }
+}
+
+void CVeyOleControl::Draw(HDC target, const RECT& bounds) {
+    OnDraw(target, bounds, bounds);
+}
+
+void CVeyOleControl::Freeze(bool freeze) {
+    m_freezeCount = std::max(m_freezeCount + (freeze ? 1 : -1), 0);
+}
+
+IOleAdviseHolder& CVeyOleControl::OleAdvise() {
+    if (m_oleAdvise == nullptr) {
+        Require(::CreateOleAdviseHolder(&m_oleAdvise));
+    }
+    return *m_oleAdvise.Get();
+}
+
+IDataAdviseHolder& CVeyOleControl::DataAdvise() {
+    if (m_dataAdvise == nullptr) {
+        Require(::CreateDataAdviseHolder(&m_dataAdvise));
+    }
+    return *m_dataAdvise.Get();
+}
+
+// A loaded state is the container's own, so that nothing waits to be saved.
+void CVeyOleControl::Loaded() {
+    m_modified = false;
+    m_font = nullptr;
+    ApplyBorder();
+    InvalidateControl();
+}
+
+bool CVeyOleControl::FilterMessage(MSG& message, FilterSource source) {
+    const auto same = [](const MSG& a, const MSG& b) {
+        return a.hwnd == b.hwnd && a.message == b.message && a.wParam == b.wParam &&
+               a.lParam == b.lParam && a.time == b.time;
+    };
+    const bool seen = m_filtered && same(*m_filtered, message);
+    m_filtered.reset();
+    if (source == FilterSource::Container && seen) {
+        return false;
+    }
+    const KeepAlive keep(*this);
+    const bool used = PreTranslateMessage(message);
+    if (source == FilterSource::Hook && !used) {
+        m_filtered = message;
+    }
+    return used;
+}
+
+HRESULT CVeyOleControl::OnProperties(HWND parent) {
+    ComPtr<IOleControlSite> site;
+    if (m_site != nullptr && SUCCEEDED(m_site.As(&site)) && site->ShowPropertyFrame() == S_OK) {
+        return S_OK;
+    }
+    IUnknown* object = Controlling();
+    return ::OleCreatePropertyFrame(parent, 0, 0, module::String(m_class.userTypeNameId).c_str(), 1,
+                                    &object, static_cast<ULONG>(m_class.pages.size()),
+                                    const_cast<CLSID*>(m_class.pages.data()), LOCALE_USER_DEFAULT,
+                                    0, nullptr);
+}
 
 }  // namespace veygrid
