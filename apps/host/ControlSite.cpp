@@ -25,6 +25,16 @@ STDMETHODIMP ControlSite::GetWindow(HWND* window) {
     return m_frame->GetWindow(window);
 }
 
+STDMETHODIMP ControlSite::OnUIActivate() {
+    m_frame->OnUiActivate(m_object);
+    return S_OK;
+}
+
+STDMETHODIMP ControlSite::OnUIDeactivate(BOOL) {
+    m_frame->OnUiDeactivate(m_object);
+    return S_OK;
+}
+
 STDMETHODIMP ControlSite::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document,
                                            LPRECT place, LPRECT clip, LPOLEINPLACEFRAMEINFO info) {
     if (frame == nullptr || document == nullptr || place == nullptr || clip == nullptr ||

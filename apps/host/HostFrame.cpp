@@ -8,6 +8,29 @@ void* HostFrame::FindOther(REFIID iid) {
     return isBase ? static_cast<IOleInPlaceFrame*>(this) : nullptr;
 }
 
+void HostFrame::ForgetActiveObject() {
+    m_active.Reset();
+    m_uiActive.Reset();
+}
+
+void HostFrame::OnUiActivate(IOleInPlaceObject* object) {
+    if (m_uiActive.Get() == object) {
+        return;
+    }
+    // In place before the call, which comes back as OnUiDeactivate.
+    const ComPtr<IOleInPlaceObject> before = m_uiActive;
+    m_uiActive = object;
+    if (before != nullptr) {
+        before->UIDeactivate();
+    }
+}
+
+void HostFrame::OnUiDeactivate(IOleInPlaceObject* object) {
+    if (m_uiActive.Get() == object) {
+        m_uiActive.Reset();
+    }
+}
+
 STDMETHODIMP HostFrame::GetWindow(HWND* window) {
     if (window == nullptr) {
         return E_POINTER;

@@ -13,8 +13,13 @@ class HostFrame : public ComObject<IOleInPlaceFrame> {
 
     // The object that is UI-active; null when none is.
     IOleInPlaceActiveObject* ActiveObject() const { return m_active.Get(); }
-    // Gives the reference up; the window calls it before it closes its controls.
-    void ForgetActiveObject() { m_active.Reset(); }
+    // Gives all references up; the window calls it before it closes its controls.
+    void ForgetActiveObject();
+
+    // Sites tell which object becomes UI-active and which stops being so. At most one is: the one
+    // before is deactivated.
+    void OnUiActivate(IOleInPlaceObject* object);
+    void OnUiDeactivate(IOleInPlaceObject* object);
 
     STDMETHODIMP GetWindow(HWND* window) override;
     STDMETHODIMP ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
@@ -35,6 +40,7 @@ class HostFrame : public ComObject<IOleInPlaceFrame> {
   private:
     HWND m_window;
     ComPtr<IOleInPlaceActiveObject> m_active;
+    ComPtr<IOleInPlaceObject> m_uiActive;
 };
 
 }  // namespace veygrid

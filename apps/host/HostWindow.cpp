@@ -183,9 +183,7 @@ LRESULT HostWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             Layout();
             return 0;
         case WM_SETFOCUS:
-            if (HasControl() && IsWindowVisible(m_window)) {
-                Control().TakeFocus();
-            }
+            PassFocusOn();
             return 0;
         case WM_ACTIVATE:
             if (m_frame != nullptr && m_frame->ActiveObject() != nullptr) {
@@ -213,6 +211,17 @@ LRESULT HostWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             break;
     }
     return OnControlMessage(message, wParam, lParam);
+}
+
+// To the control that had it last, else to the first.
+void HostWindow::PassFocusOn() {
+    HWND window = nullptr;
+    if (m_frame != nullptr && m_frame->ActiveObject() != nullptr &&
+        SUCCEEDED(m_frame->ActiveObject()->GetWindow(&window))) {
+        SetFocus(window);
+    } else if (HasControl() && IsWindowVisible(m_window)) {
+        Control().TakeFocus();
+    }
 }
 
 LRESULT HostWindow::OnControlMessage(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -64,6 +64,7 @@ class HostWindow {
     LRESULT OnControlMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void OnCommand(UINT command);
     void RunCommand(UINT command);
+    void PassFocusOn();
     void OnClose();
     void OnInitMenu(HMENU menu);
     void OnSizeWanted(WPARAM corner, LPARAM size);

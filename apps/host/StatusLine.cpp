@@ -10,11 +10,29 @@ namespace {
 // Right edges of the parts but the last, in hundredths of the width.
 constexpr int PartEdges[] = {15, 38, 61, 70};
 
+// By its character set, so that there are Chinese glyphs on a machine of any locale.
+HFONT MakeFont() {
+    const HDC screen = GetDC(nullptr);
+    const int height = -MulDiv(9, GetDeviceCaps(screen, LOGPIXELSY), 72);
+    ReleaseDC(nullptr, screen);
+    return CreateFontW(height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, GB2312_CHARSET,
+                       OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
+                       DEFAULT_PITCH | FF_DONTCARE, L"宋体");
+}
+
 }  // namespace
+
+StatusLine::~StatusLine() {
+    if (m_font != nullptr) {
+        DeleteObject(m_font);
+    }
+}
 
 void StatusLine::Create(HWND parent) {
     m_window = CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0,
                                0, 0, 0, parent, nullptr, GetModuleHandleW(nullptr), nullptr);
+    m_font = MakeFont();
+    SendMessageW(m_window, WM_SETFONT, reinterpret_cast<WPARAM>(m_font), TRUE);
 }
 
 void StatusLine::Show(const Content& content) {

@@ -9,6 +9,11 @@ namespace veygrid {
 
 class StatusLine {
   public:
+    StatusLine() = default;
+    StatusLine(const StatusLine&) = delete;
+    StatusLine& operator=(const StatusLine&) = delete;
+    ~StatusLine();
+
     struct Content {
         std::wstring cell;
         std::wstring shown;
@@ -28,6 +33,7 @@ class StatusLine {
     void ShowPart(int part, const std::wstring& text);
 
     HWND m_window = nullptr;
+    HFONT m_font = nullptr;
 };
 
 }  // namespace veygrid
