@@ -1,0 +1,41 @@
+// The grid file that the host shows: its path, and loading and saving it through the control.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "apps/host/Automation.h"
+
+namespace veygrid {
+
+class GridFile {
+  public:
+    // `owner` is the window that dialogs stand before.
+    explicit GridFile(HWND owner) : m_owner(owner) {}
+
+    // Empty for a sheet without a file.
+    const std::wstring& Path() const { return m_path; }
+    void Forget() { m_path.clear(); }
+
+    // Each tells the user of a failure and returns whether it was done.
+    bool Open(const Automation& grid, const std::wstring& path);
+    bool Save(const Automation& grid);
+    bool SaveAs(const Automation& grid);
+    // Asks for the path first.
+    bool AskAndOpen(const Automation& grid);
+    // Asks what to do with changes; false when the user wants to stay.
+    bool MayLeave(const Automation& grid);
+
+  private:
+    bool SaveTo(const Automation& grid, const std::wstring& path);
+    bool AskForPath(bool isSaving, std::wstring& path) const;
+
+    HWND m_owner;
+    std::wstring m_path;
+};
+
+// The box in which the host tells of a failure.
+void TellTrouble(HWND owner, const std::wstring& text);
+
+}  // namespace veygrid

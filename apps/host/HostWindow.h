@@ -1,0 +1,98 @@
+// The host's window: controls side by side, a menu above them and a status line below.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "apps/host/GridFile.h"
+#include "apps/host/HostedControl.h"
+#include "apps/host/MessageRecord.h"
+#include "apps/host/StatusLine.h"
+
+namespace veygrid {
+
+// `object` is "Grid" for the first control, "Grid2" for the second and so on.
+using ObjectEventHandler = std::function<void(const std::wstring& object, const std::wstring& event,
+                                              DISPPARAMS& parameters)>;
+
+class HostWindow {
+  public:
+    HostWindow(const ControlModule& module, LCID locale) : m_module(module), m_locale(locale) {}
+    HostWindow(const HostWindow&) = delete;
+    HostWindow& operator=(const HostWindow&) = delete;
+    ~HostWindow();
+
+    // Makes the window, not yet shown, with one control of the given size in pixels. Throws
+    // ComFault.
+    void Create(SIZE controlSize);
+    void Show();
+    // Closes the controls and the window without a question.
+    void Destroy();
+
+    HWND Window() const { return m_window; }
+    // The first control; the window must stand.
+    HostedControl& Control() const { return *m_controls.front(); }
+    bool HasControl() const { return !m_controls.empty(); }
+    // Puts one more control beside the others. Throws ComFault.
+    HostedControl& AddControl();
+    GridFile& File() { return *m_file; }
+    // Opens the file and shows its name; tells the user of a failure.
+    void OpenFile(const std::wstring& path);
+    MessageRecord& Messages() { return m_messages; }
+
+    // Where events go besides the status line.
+    void SetEventHandler(ObjectEventHandler handler) { m_eventHandler = std::move(handler); }
+    // Before Create. A script decides when the program ends: the window does not close when it is
+    // told to, and messages of the controls are kept from the first one on.
+    void SetScripted() {
+        m_isScripted = true;
+        m_messages.Begin();
+    }
+
+    // What comes before TranslateMessage in every loop: true when the message is used up.
+    bool PreTranslate(MSG& message);
+    // Runs until the window is closed; the result is the process's exit code.
+    int RunLoop();
+
+  private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT OnControlMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    void OnCommand(UINT command);
+    void RunCommand(UINT command);
+    void PassFocusOn();
+    void OnClose();
+    void OnInitMenu(HMENU menu);
+    void OnSizeWanted(WPARAM corner, LPARAM size);
+    LRESULT AnswerFill(const char* key);
+
+    HostedControl& MakeControl();
+    void CloseControls();
+    void StartAnew();
+    void Toggle(const wchar_t* property);
+    void OnEvent(const std::wstring& object, const std::wstring& event, DISPPARAMS& parameters);
+    std::vector<RECT> Places(std::size_t count) const;
+    void Layout();
+    void RefreshStatus();
+    void ShowTitle();
+
+    const ControlModule& m_module;
+    LCID m_locale;
+    HWND m_window = nullptr;
+    HACCEL m_keys = nullptr;
+    StatusLine m_status;
+    std::unique_ptr<GridFile> m_file;
+    ComPtr<HostFrame> m_frame;
+    std::vector<std::unique_ptr<HostedControl>> m_controls;
+    MessageRecord m_messages;
+    ObjectEventHandler m_eventHandler;
+    std::wstring m_lastEvent;
+    bool m_isScripted = false;
+    bool m_isStatusDue = false;
+};
+
+}  // namespace veygrid

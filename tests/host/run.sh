@@ -1,0 +1,146 @@
+#!/usr/bin/env bash
+# Runs the scripts of this folder in VeyHost under Wine and a virtual display.
+# usage: tests/host/run.sh [NAME...]     WINEPREFIX is taken from the environment.
+#        VEYHOST: the program to test, build/win64/VeyHost.exe by default.
+#
+# A script tells in comment lines at its head what is expected of the run:
+#   exit: CODE      of the program, 0 by default
+#   stdout: TEXT    a line of standard output that must be there
+#   stderr: TEXT    text that must be in standard error
+#   args: ...       arguments besides /script
+#   encoding: NAME  the script is handed over in that encoding (MARKED: UTF-8 with its mark)
+# A script that ends with 0 must have logged "end"; no line may begin with "FAILED".
+set -uo pipefail
+here=$(cd "$(dirname "$0")" && pwd)
+root=$(cd "$here/../.." && pwd)
+: "${WINEPREFIX:?run.sh: set WINEPREFIX}"
+export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=${WINEDLLOVERRIDES-mscoree,mshtml=}
+if [ -z "${VEYHOST_DISPLAY:-}" ]; then
+    VEYHOST_DISPLAY=1 exec xvfb-run -a -s "-screen 0 1280x1024x24" "$0" "$@"
+fi
+
+host=${VEYHOST:-$root/build/win64/VeyHost.exe}
+work=$root/build/tests-host
+passed=0
+failed=0
+
+# Without a window manager, Wine waits two seconds for one whenever a window goes away.
+prepare_wine() {
+    wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
+}
+
+# expectations KEY FILE: the values that the head of a script gives to the key.
+expectations() { sed -nE "s@^(//|') $1: (.*)\$@\\2@p" "$2" | tr -d '\r'; }
+
+# hand_over FILE: the script with the checks behind it, in its encoding, in the work folder.
+hand_over() {
+    local name=${1##*/} encoding
+    encoding=$(expectations encoding "$1")
+    {
+        case "$encoding" in
+            UTF-16LE) printf '\xff\xfe' ;;
+            UTF-16BE) printf '\xfe\xff' ;;
+            MARKED) printf '\xef\xbb\xbf' && encoding=UTF-8 ;;
+        esac
+        # Behind it, so that the lines of errors are those of the test.
+        cat "$1" "$here/checks.${name##*.}.in" | iconv -f UTF-8 -t "${encoding:-UTF-8}"
+    } >"$work/$name"
+}
+
+# trouble MESSAGE: notes what is wrong with the test that runs.
+trouble() { problems+=("$1"); }
+
+# report NAME: counts the test that ran and shows its problems.
+report() {
+    if [ "${#problems[@]}" = 0 ]; then
+        passed=$((passed + 1))
+        printf 'ok      %s\n' "$1"
+        return
+    fi
+    failed=$((failed + 1))
+    printf 'FAILED  %s\n' "$1"
+    printf '        %s\n' "${problems[@]}"
+    sed 's/^/        | /' "$work/stdout" "$work/stderr"
+}
+
+# start ARGUMENT...: runs the host in the work folder; its streams go to files there.
+start() {
+    (cd "$work" && timeout 60 wine "$host" "$@" >stdout 2>stderr </dev/null)
+}
+
+judge() {
+    local file=$1 code=$2 wanted line
+    wanted=$(expectations exit "$file")
+    [ "$code" = "${wanted:-0}" ] || trouble "exit code $code in place of ${wanted:-0}"
+    while read -r line; do trouble "$line"; done < <(grep '^FAILED' "$work/stdout")
+    if [ "${wanted:-0}" = 0 ] && ! grep -qx end "$work/stdout"; then
+        trouble "the script did not come to its end"
+    fi
+    while IFS= read -r line; do
+        grep -qxF -- "$line" "$work/stdout" || trouble "no line on standard output: $line"
+    done < <(expectations stdout "$file")
+    while IFS= read -r line; do
+        grep -qF -- "$line" "$work/stderr" || trouble "not on standard error: $line"
+    done < <(expectations stderr "$file")
+}
+
+run_test() {
+    local file=$1 name=${1##*/} code=0
+    local -a problems=() arguments=()
+    read -ra arguments < <(expectations args "$file"; echo)
+    hand_over "$file"
+    start "${arguments[@]}" /script "$name" || code=$?
+    tr -d '\r' <"$work/stdout" >"$work/stdout.plain" && mv "$work/stdout.plain" "$work/stdout"
+    judge "$file" "$code"
+    report "$name"
+}
+
+# command_line TITLE CODE STDERR ARGUMENT...: a run without a script of this folder.
+command_line() {
+    local title=$1 wanted=$2 text=$3 code=0
+    local -a problems=()
+    shift 3
+    start "$@" || code=$?
+    [ "$code" = "$wanted" ] || trouble "exit code $code in place of $wanted"
+    [ -z "$text" ] || grep -qF -- "$text" "$work/stderr" || trouble "not on standard error: $text"
+    [ -z "${picture:-}" ] || [ "$(picture_size "$work/$picture")" = "$size" ] ||
+        trouble "$picture is not a picture of $size"
+    report "$title"
+}
+
+# picture_size FILE: width and height as the head of a PNG file has them.
+picture_size() {
+    [ "$(head -c 8 "$1" | tail -c 7)" = $'PNG\r\n\x1a' ] &&
+        od -An -tu1 -j16 -N8 "$1" | awk '{ print $3 * 256 + $4, $7 * 256 + $8 }'
+}
+
+command_lines() {
+    command_line "an unknown option" 2 "usage: VeyHost.exe" /nonsense
+    command_line "a size without height" 2 "wrong option /size" /size 300
+    command_line "a locale that is none" 2 "wrong option /locale" /locale nowhere
+    command_line "a script that is not there" 1 "cannot read none.vbs" /script none.vbs
+    command_line "a file that is not there" 1 "cannot open none.grd" none.grd /shot none.png
+    picture=shot.png size="300 200" command_line "a picture" 0 "" /shot shot.png /size 300 200
+    printf 'Grid.CellText(3, 4) = "cell"\nGrid.SaveFile "made.grd"\n' >"$work/make.vbs"
+    command_line "a file made by a script" 0 "" /script make.vbs
+    printf 'If Grid.CellText(3, 4) <> "cell" Then Host.Quit 9\n' >"$work/look.vbs"
+    command_line "a file named on the command line" 0 "" made.grd /script look.vbs
+}
+
+[ -f "$host" ] || { echo "run.sh: no $host"; exit 1; }
+rm -rf "$work"
+mkdir -p "$work"
+prepare_wine
+shopt -s nullglob
+if [ $# -gt 0 ]; then
+    files=("${@/#/$here/}")
+else
+    files=("$here"/*.vbs "$here"/*.js)
+    command_lines
+fi
+for file in "${files[@]}"; do
+    run_test "$file"
+done
+wineserver -w
+printf '%d passed, %d failed\n' "$passed" "$failed"
+[ "$failed" = 0 ]
