@@ -2,7 +2,7 @@
 
 VEY_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 VEY_LOGS=$VEY_ROOT/build/logs
-VEY_CACHE=${XDG_CACHE_HOME:-$HOME/.cache}/veygrid
+VEY_CACHE=${XDG_CACHE_HOME:-${HOME:-/root}/.cache}/veygrid
 mkdir -p "$VEY_LOGS"
 
 say() { printf '%s\n' "$*"; }
