@@ -34,8 +34,8 @@ void Fill(GridStore& store) {
     }
 }
 
-// A file is written through to the disk by both sides, or by none: saving is durable, so the bare
-// write is too.
+// Saving writes through to the disk before it puts the file in its place; the bare write does not,
+// so that the ratio counts what durability costs against us.
 void WriteBare(const std::string& path, const std::vector<char>& bytes) {
     const std::string beside = path + ".part";
     std::FILE* const file = std::fopen(beside.c_str(), "wb");
