@@ -65,7 +65,7 @@ report() {
 
 # start ARGUMENT...: runs the host in the work folder; its streams go to files there.
 start() {
-    (cd "$work" && timeout 60 wine "$host" "$@" >stdout 2>stderr </dev/null)
+    (cd "$work" && timeout 300 wine "$host" "$@" >stdout 2>stderr </dev/null)
 }
 
 judge() {
