@@ -4,7 +4,7 @@ PACKAGES_BUILD=(g++ cmake ninja-build libicu-dev libcli11-dev nlohmann-json3-dev
     googletest)
 PACKAGES_TEST=(clang clang-format clang-tidy libclang-rt-dev git)
 PACKAGES_WINDOWS=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools wine64 wine
-    xvfb xauth)
+    xvfb xauth locales fonts-wqy-zenhei)
 PACKAGES_X86=(debootstrap)
 PACKAGES_BENCH=(qtbase5-dev libwxgtk3.2-dev sqlite3 xz-utils)
 PACKAGES_RUN=(xz-utils)
@@ -40,6 +40,28 @@ need() {
     [ "${#missing[@]}" = 0 ] && return 0
     step "refreshing the list of packages" as_root apt-get update
     step "installing ${#missing[@]} packages" apt_install "${missing[@]}"
+}
+
+# wine_prefix makes the Wine prefix of the environment where there is none. Its menus, captions and
+# dialogs show Chinese whatever the code page is.
+wine_prefix() {
+    [ -d "$WINEPREFIX/drive_c" ] || wineboot --init || return 1
+    wine reg import "$VEY_ROOT/tools/chinese-font.reg"
+}
+
+# in_chinese COMMAND... runs it where code page 936 is the system's. The locale for that is made in
+# our own folder, so that the machine's stay as they are.
+in_chinese() {
+    local folder=$VEY_CACHE/locale
+    [ -d "$folder/zh_CN.UTF-8" ] || make_chinese_locale "$folder" || return 1
+    (
+        export LOCPATH=$folder
+        export LC_ALL=zh_CN.UTF-8 2>/dev/null # this shell itself cannot find it any more
+        "$@"
+    )
+}
+make_chinese_locale() {
+    mkdir -p "$1" && localedef -i zh_CN -f UTF-8 "$1/part" && mv -T "$1/part" "$1/zh_CN.UTF-8"
 }
 
 # build PRESET [TARGET...] configures where that is due, and builds.

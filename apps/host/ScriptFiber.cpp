@@ -152,7 +152,8 @@ void CALLBACK ScriptFiber::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
 void ScriptFiber::Tick() {
     if (IsOver()) {
         SetAlarm(0);
-        PostQuitMessage(0);  // ends the loops of dialogs that are still up
+        EndMenu();
+        PostQuitMessage(0);  // ends the loops of dialogs that are still up; menus do not mind it
         return;
     }
     if (m_handlers > 0) {

@@ -2,7 +2,7 @@
 Dim dialog
 Check "none", Host.Dialog("No such caption") Is Nothing, True
 Host.Key 79, 2
-Set dialog = OpenDialog()
+Set dialog = Opened(OpenCaptions())
 dialog.SetText 1148, "文件.grd"
 Check "text", dialog.GetText(1148), "文件.grd"
 dialog.Choose 1136, 1
@@ -12,11 +12,5 @@ dialog.Press 31999
 Check "no such control", Err.Description, "the dialog has no control 31999"
 On Error Goto 0
 dialog.Press 2
-Check "gone", OpenDialog() Is Nothing, True
+Check "gone", Closed(OpenCaptions()), True
 Host.Log "end"
-
-' The system names it in its own language.
-Function OpenDialog()
-    Set OpenDialog = Host.Dialog("Open")
-    If OpenDialog Is Nothing Then Set OpenDialog = Host.Dialog("打开")
-End Function

@@ -3,6 +3,5 @@ Check "at creation", Lines(Host.Messages), "[VeynorGrid_AskFor, 2, 0]"
 Check "nothing since", Lines(Host.Messages), ""
 Grid.SendCommand 33000
 Grid.SendCommand 33001
-Host.Pump 50
-Check "in their order", Lines(Host.Messages), "[WM_COMMAND, 33000, 0][WM_COMMAND, 33001, 0]"
+Check "in their order", MessagesWith("33001"), "[WM_COMMAND, 33000, 0][WM_COMMAND, 33001, 0]"
 Host.Log "end"

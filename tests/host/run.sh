@@ -2,6 +2,7 @@
 # Runs the scripts of this folder in VeyHost under Wine and a virtual display.
 # usage: tests/host/run.sh [NAME...]     WINEPREFIX is taken from the environment.
 #        VEYHOST: the program to test, build/win64/VeyHost.exe by default.
+#        VEYGRID_CODE_PAGE: where set, the system's code page must be that.
 #
 # A script tells in comment lines at its head what is expected of the run:
 #   exit: CODE      of the program, 0 by default
@@ -27,6 +28,12 @@ failed=0
 # Without a window manager, Wine waits two seconds for one whenever a window goes away.
 prepare_wine() {
     wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
+}
+
+check_code_page() {
+    [ -z "${VEYGRID_CODE_PAGE:-}" ] ||
+        wine "${host%/*}/control_tests.exe" --gtest_filter=Locale.TheSystemsCodePageIsTheOneAskedFor \
+            >/dev/null || { echo "run.sh: the code page is not $VEYGRID_CODE_PAGE"; exit 1; }
 }
 
 # expectations KEY FILE: the values that the head of a script gives to the key.
@@ -65,7 +72,7 @@ report() {
 
 # start ARGUMENT...: runs the host in the work folder; its streams go to files there.
 start() {
-    (cd "$work" && timeout 60 wine "$host" "$@" >stdout 2>stderr </dev/null)
+    (cd "$work" && timeout 300 wine "$host" "$@" >stdout 2>stderr </dev/null)
 }
 
 judge() {
@@ -125,12 +132,20 @@ command_lines() {
     command_line "a file made by a script" 0 "" /script make.vbs
     printf 'If Grid.CellText(3, 4) <> "cell" Then Host.Quit 9\n' >"$work/look.vbs"
     command_line "a file named on the command line" 0 "" made.grd /script look.vbs
+    mv "$work/made.grd" "$work/凭证 ~龘.grd"
+    command_line "a file with a Chinese name" 0 "" "凭证 ~龘.grd" /script look.vbs
+    mv "$work/look.vbs" "$work/脚本.vbs"
+    command_line "a script with a Chinese name" 0 "" "凭证 ~龘.grd" /script "脚本.vbs"
+    picture=图.png size="200 100" command_line "a picture with a Chinese name" 0 "" /shot "图.png" \
+        /size 200 100
+    command_line "a missing file with a Chinese name" 1 "cannot open 无.grd" 无.grd /shot none.png
 }
 
 [ -f "$host" ] || { echo "run.sh: no $host"; exit 1; }
 rm -rf "$work"
 mkdir -p "$work"
 prepare_wine
+check_code_page
 shopt -s nullglob
 if [ $# -gt 0 ]; then
     files=("${@/#/$here/}")
