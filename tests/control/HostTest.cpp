@@ -22,10 +22,6 @@ UINT MessageNumber(const wchar_t* name) {
     return ::RegisterWindowMessageW(name);
 }
 
-bool CanUnload() {
-    return Ocx::Entry<HRESULT WINAPI()>("DllCanUnloadNow")() == S_OK;
-}
-
 // Answers the message that the control sends to its parent at creation.
 struct ParentAnswers {
     static inline std::vector<std::pair<WPARAM, LPARAM>> asked;
@@ -57,12 +53,12 @@ struct ParentAnswers {
 };
 
 TEST(Host, AModuleWithoutObjectsMayBeUnloaded) {
-    EXPECT_TRUE(CanUnload());
+    EXPECT_TRUE(Ocx::CanUnload());
     {
         const ComPtr<IUnknown> control = NewControl();
-        EXPECT_FALSE(CanUnload());
+        EXPECT_FALSE(Ocx::CanUnload());
     }
-    EXPECT_TRUE(CanUnload());
+    EXPECT_TRUE(Ocx::CanUnload());
 }
 
 TEST(Host, AControlMayBePartOfAnotherObject) {
@@ -92,7 +88,7 @@ TEST(Host, AControlMayBePartOfAnotherObject) {
     }
     EXPECT_EQ(outer.references, 1);
     outer.inner = nullptr;
-    EXPECT_TRUE(CanUnload());
+    EXPECT_TRUE(Ocx::CanUnload());
 }
 
 // While it lives, the manifest beside the module stands in for registration.
@@ -158,7 +154,7 @@ TEST(Host, TheSystemsOwnHostWindowShowsTheControl) {
         EXPECT_EQ(Late(control).Number(L"MaxCol"), 20);
     }
     ::DestroyWindow(host);
-    EXPECT_TRUE(CanUnload());
+    EXPECT_TRUE(Ocx::CanUnload());
 }
 
 TEST(Host, MiscStatusIs131473) {
@@ -351,7 +347,7 @@ TEST(Host, AControlFreedInsideItsEventEndsAfterTheCall) {
               S_OK);
     EXPECT_FALSE(::IsWindow(window));
     EXPECT_EQ(sink.References, 1);
-    EXPECT_TRUE(CanUnload());
+    EXPECT_TRUE(Ocx::CanUnload());
 }
 
 TEST(Host, AControlLetGoWithoutClosingTakesItsWindowAlong) {
@@ -370,7 +366,7 @@ TEST(Host, AControlLetGoWithoutClosingTakesItsWindowAlong) {
     }
     EXPECT_FALSE(::IsWindow(window));
     EXPECT_EQ(container.References, 1);
-    EXPECT_TRUE(CanUnload());
+    EXPECT_TRUE(Ocx::CanUnload());
 }
 
 TEST(Host, WithoutAClientSiteActivationIsRefused) {
