@@ -63,6 +63,14 @@ class CVeyOleControl : public OleObject {
     void SetClientSite(IOleClientSite* site);
     // The container's value of an ambient property, as the wanted type.
     bool GetAmbient(DISPID id, VARTYPE type, OwnedVariant& value);
+    // The user's own where the container does not say.
+    LCID AmbientLocale();
+    // True while the container wants no input answered.
+    bool IsUIDead() const { return m_uiDead; }
+    // DISPID_UNKNOWN stands for all of them.
+    void OnAmbientPropertyChange(DISPID id);
+    // The container's answer to a key that the control leaves: S_OK when it was used up there.
+    HRESULT TranslateInContainer(MSG& message);
 
     // HIMETRIC.
     SIZEL Extent();
@@ -104,15 +112,14 @@ class CVeyOleControl : public OleObject {
     virtual void SaveInBag(PropertyBag& bag) = 0;
     virtual void LoadFromBag(PropertyBag& bag) = 0;
     virtual void OnResetState() = 0;
+    // Every property at its default; that of the text colour is the container's.
+    void Reset();
     // After any of the loads: shows it.
     void Loaded();
 
-    // A message for the control or a window inside it, before it is dispatched; true uses it up.
+    // An input message for the control's window or one inside it, once, before the host dispatches
+    // it; true uses it up. It may be readdressed.
     virtual bool PreTranslateMessage(MSG&) { return false; }
-    // The same, once for each message: what the thread's hook has shown already passes when the
-    // container asks for it too.
-    enum class FilterSource { Hook, Container };
-    bool FilterMessage(MSG& message, FilterSource source);
 
     // Opens the property pages.
     HRESULT OnProperties(HWND parent);
@@ -146,6 +153,10 @@ class CVeyOleControl : public OleObject {
     }
     template <class Value>
     void ChangeStock(DISPID id, Value& member, Value value);
+
+    // Shift 1, control 2, alternate 4, as events and containers say it.
+    static std::int16_t ShiftState();
+    void ReadUIDead();
 
     HRESULT InPlaceActivate(bool withUI, HWND parent);
     HRESULT UIActivate();
@@ -184,10 +195,10 @@ class CVeyOleControl : public OleObject {
     ComPtr<IDispatch> m_font;
     HWND m_window = nullptr;
     bool m_uiActive = false;
+    bool m_uiDead = false;
     bool m_modified = false;
     bool m_leftDown = false;
     int m_freezeCount = 0;
-    std::optional<MSG> m_filtered;
 };
 
 }  // namespace veygrid
