@@ -10,7 +10,8 @@ namespace veygrid {
 
 namespace {
 
-constexpr std::array ClassIds{VeyGridClassId, CellFormatClassId, FormObjectClassId};
+constexpr std::array ClassIds{VeyGridClassId, CellFormatClassId, FormObjectClassId,
+                              PropertyPageClassId};
 
 // Every interface that any class of the module has.
 const std::array Interfaces{IID_IUnknown,

@@ -221,8 +221,8 @@ IDataAdviseHolder& CVeyOleControl::DataAdvise() {
 void CVeyOleControl::Reset() {
     OnResetState();
     OwnedVariant color;
-    if (GetAmbient(DISPID_AMBIENT_FORECOLOR, VT_I4, color)) {
-        Stock().ForeColor = static_cast<std::uint32_t>(color->lVal);
+    if (GetAmbient(DISPID_AMBIENT_FORECOLOR, VT_I8, color)) {
+        Stock().ForeColor = static_cast<std::uint32_t>(color->llVal);
     }
     Loaded();
 }
@@ -233,18 +233,6 @@ void CVeyOleControl::Loaded() {
     m_font = nullptr;
     ApplyBorder();
     InvalidateControl();
-}
-
-HRESULT CVeyOleControl::OnProperties(HWND parent) {
-    ComPtr<IOleControlSite> site;
-    if (m_site != nullptr && SUCCEEDED(m_site.As(&site)) && site->ShowPropertyFrame() == S_OK) {
-        return S_OK;
-    }
-    IUnknown* object = Controlling();
-    return ::OleCreatePropertyFrame(parent, 0, 0, module::String(m_class.userTypeNameId).c_str(), 1,
-                                    &object, static_cast<ULONG>(m_class.pages.size()),
-                                    const_cast<CLSID*>(m_class.pages.data()), LOCALE_USER_DEFAULT,
-                                    0, nullptr);
 }
 
 }  // namespace veygrid

@@ -12,6 +12,7 @@
 #include "persist/ByteStream.h"
 #include "persist/PropertyBag.h"
 #include "platform/win32/ole/ActivationParts.h"
+#include "platform/win32/ole/ClassFactory.h"
 #include "platform/win32/ole/ConnectionParts.h"
 #include "platform/win32/ole/DispatchPart.h"
 #include "platform/win32/ole/OleObject.h"
@@ -22,12 +23,18 @@
 
 namespace veygrid {
 
+// A page that the property browser shows for a control.
+struct PageEntry {
+    CLSID clsid;
+    ObjectMaker make;  // null for a page of the platform, which the registry knows
+};
+
 // What stays the same for all controls of a class.
 struct ControlClass {
     const AutomationClass& automation;
     DWORD miscStatus;     // OLEMISC bits
     UINT userTypeNameId;  // string resource
-    std::span<const CLSID> pages;
+    std::span<const PageEntry> pages;
 };
 
 // A choice that a property browser offers.
@@ -121,7 +128,7 @@ class CVeyOleControl : public OleObject {
     // it; true uses it up. It may be readdressed.
     virtual bool PreTranslateMessage(MSG&) { return false; }
 
-    // Opens the property pages.
+    // Opens the property pages: the container's way, the platform's or a frame of our own.
     HRESULT OnProperties(HWND parent);
     virtual std::vector<PredefinedValue> OnGetPredefinedStrings(DISPID) { return {}; }
     // Page of a property; null for none in particular.
@@ -157,6 +164,7 @@ class CVeyOleControl : public OleObject {
     // Shift 1, control 2, alternate 4, as events and containers say it.
     static std::int16_t ShiftState();
     void ReadUIDead();
+    std::vector<ComPtr<IPropertyPage>> MakePages() const;
 
     HRESULT InPlaceActivate(bool withUI, HWND parent);
     HRESULT UIActivate();
