@@ -53,6 +53,8 @@ class Container final : public IOleClientSite, public IOleInPlaceSite {
             *target = static_cast<IOleClientSite*>(this);
         } else if (iid == IID_IOleInPlaceSite || iid == IID_IOleWindow) {
             *target = static_cast<IOleInPlaceSite*>(this);
+        } else if (Extra != nullptr) {
+            return Extra->QueryInterface(iid, target);
         } else {
             *target = nullptr;
             return E_NOINTERFACE;
@@ -97,6 +99,8 @@ class Container final : public IOleClientSite, public IOleInPlaceSite {
 
     long References = 1;
     RECT Place{0, 0, 300, 200};
+    // Asked for what this site does not have itself; not held.
+    IUnknown* Extra = nullptr;
 
   private:
     HWND m_window = nullptr;
