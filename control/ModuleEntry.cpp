@@ -5,6 +5,7 @@
 #include "control/CellFormatObject.h"
 #include "control/ClassIds.h"
 #include "control/FormObject.h"
+#include "control/GridPropPage.h"
 #include "control/VeyGridCtrl.h"
 #include "platform/win32/ole/ClassFactory.h"
 #include "platform/win32/ole/Guard.h"
@@ -22,6 +23,7 @@ static_assert(static_cast<unsigned>(TypeLibraryStepFailed) == 0x80040200U);
 static_assert(static_cast<unsigned>(ClassStepFailed) == 0x80040201U);
 
 constexpr UINT ControlNameId = 1;
+constexpr UINT PropertyPageNameId = 2;
 constexpr WORD ToolboxBitmapId = 2301;
 constexpr TypeLibraryId Library{LibraryId, LibraryMajor, LibraryMinor};
 
@@ -34,9 +36,10 @@ constexpr std::array Classes{
     ModuleClass{VeyGridClassId, CVeyGridCtrl::Make},
     ModuleClass{CellFormatClassId, CellFormatObject::Make},
     ModuleClass{FormObjectClassId, CFormObject::Make},
+    ModuleClass{PropertyPageClassId, CVeyGridPropPage::Make},
 };
 
-std::array<ClassEntry, 3> ClassEntries() {
+std::array<ClassEntry, Classes.size()> ClassEntries() {
     return {
         ClassEntry{.clsid = VeyGridClassId,
                    .progId = L"VEYGRID.VeyGridCtrl.1",
@@ -51,6 +54,9 @@ std::array<ClassEntry, 3> ClassEntries() {
         ClassEntry{.clsid = FormObjectClassId,
                    .progId = L"VeyGrid.FormObject",
                    .name = L"VeyGrid.FormObject"},
+        ClassEntry{.clsid = PropertyPageClassId,
+                   .progId = L"VEYGRID.VeyGridPropPage.1",
+                   .name = module::String(PropertyPageNameId)},
     };
 }
 

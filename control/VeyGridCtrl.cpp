@@ -7,6 +7,7 @@
 #include "control/AutomationTable.h"
 #include "control/ClassIds.h"
 #include "control/GdiTextMeasure.h"
+#include "control/GridPropPage.h"
 #include "control/RegisteredMessages.h"
 #include "persist/FileCommands.h"
 #include "persist/PropertyBag.h"
@@ -27,7 +28,9 @@ constexpr UINT AboutBoxId = 2300;
 constexpr SIZEL FirstExtent{8467, 6350};
 
 // The control's own page first.
-constexpr std::array Pages{PropertyPageClassId, StockFontPageId, StockColorPageId};
+constexpr std::array Pages{PageEntry{PropertyPageClassId, CVeyGridPropPage::Make},
+                           PageEntry{StockFontPageId, nullptr},
+                           PageEntry{StockColorPageId, nullptr}};
 
 const ControlClass& GridClass() {
     static const ControlClass gridClass{VeyGridAutomation, CVeyGridCtrl::MiscStatus, UserTypeNameId,

@@ -5,10 +5,12 @@
 
 namespace veygrid {
 
-// Holds one control in a window of its own. Lives on the stack; nothing outlives it.
+// Holds one control in a window of its own, or in another one. Lives on the stack; nothing outlives
+// it.
 class Container final : public IOleClientSite, public IOleInPlaceSite {
   public:
-    Container() {
+    explicit Container(HWND window) : m_window(window) {}
+    Container() : m_isOwn(true) {
         // Never activated, so that no window manager is waited for.
         m_window = ::CreateWindowExW(WS_EX_TOOLWINDOW, L"STATIC", L"host", WS_POPUP, 10, 10, 500,
                                      400, nullptr, nullptr, nullptr, nullptr);
@@ -18,7 +20,9 @@ class Container final : public IOleClientSite, public IOleInPlaceSite {
     Container& operator=(const Container&) = delete;
     ~Container() {
         Close();
-        ::DestroyWindow(m_window);
+        if (m_isOwn) {
+            ::DestroyWindow(m_window);
+        }
     }
 
     HWND Window() const { return m_window; }
@@ -49,6 +53,8 @@ class Container final : public IOleClientSite, public IOleInPlaceSite {
             *target = static_cast<IOleClientSite*>(this);
         } else if (iid == IID_IOleInPlaceSite || iid == IID_IOleWindow) {
             *target = static_cast<IOleInPlaceSite*>(this);
+        } else if (Extra != nullptr) {
+            return Extra->QueryInterface(iid, target);
         } else {
             *target = nullptr;
             return E_NOINTERFACE;
@@ -80,7 +86,7 @@ class Container final : public IOleClientSite, public IOleInPlaceSite {
                                   LPOLEINPLACEFRAMEINFO info) override {
         *frame = nullptr;
         *document = nullptr;
-        *position = *clip = {0, 0, 300, 200};
+        *position = *clip = Place;
         info->fMDIApp = FALSE;
         return S_OK;
     }
@@ -92,9 +98,13 @@ class Container final : public IOleClientSite, public IOleInPlaceSite {
     STDMETHODIMP OnPosRectChange(LPCRECT) override { return S_OK; }
 
     long References = 1;
+    RECT Place{0, 0, 300, 200};
+    // Asked for what this site does not have itself; not held.
+    IUnknown* Extra = nullptr;
 
   private:
     HWND m_window = nullptr;
+    bool m_isOwn = false;
     ComPtr<IOleObject> m_object;
 };
 

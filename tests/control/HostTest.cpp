@@ -5,6 +5,7 @@
 
 #include "control/ClassIds.h"
 #include "tests/control/Container.h"
+#include "tests/control/ManifestInUse.h"
 #include "valuetext/CodePage936.h"
 
 namespace veygrid {
@@ -20,10 +21,6 @@ ComPtr<IUnknown> NewControl() {
 
 UINT MessageNumber(const wchar_t* name) {
     return ::RegisterWindowMessageW(name);
-}
-
-bool CanUnload() {
-    return Ocx::Entry<HRESULT WINAPI()>("DllCanUnloadNow")() == S_OK;
 }
 
 // Answers the message that the control sends to its parent at creation.
@@ -57,12 +54,12 @@ struct ParentAnswers {
 };
 
 TEST(Host, AModuleWithoutObjectsMayBeUnloaded) {
-    EXPECT_TRUE(CanUnload());
+    EXPECT_TRUE(Ocx::CanUnload());
     {
         const ComPtr<IUnknown> control = NewControl();
-        EXPECT_FALSE(CanUnload());
+        EXPECT_FALSE(Ocx::CanUnload());
     }
-    EXPECT_TRUE(CanUnload());
+    EXPECT_TRUE(Ocx::CanUnload());
 }
 
 TEST(Host, AControlMayBePartOfAnotherObject) {
@@ -92,34 +89,8 @@ TEST(Host, AControlMayBePartOfAnotherObject) {
     }
     EXPECT_EQ(outer.references, 1);
     outer.inner = nullptr;
-    EXPECT_TRUE(CanUnload());
+    EXPECT_TRUE(Ocx::CanUnload());
 }
-
-// While it lives, the manifest beside the module stands in for registration.
-class ManifestInUse {
-  public:
-    ManifestInUse() {
-        Ocx::Handle();
-        const std::wstring module = Ocx::Path();
-        const std::wstring manifest = module.substr(0, module.size() - 4) + L".manifest";
-        ACTCTXW description{};
-        description.cbSize = sizeof description;
-        description.lpSource = manifest.c_str();
-        m_context = ::CreateActCtxW(&description);
-        EXPECT_NE(m_context, INVALID_HANDLE_VALUE);
-        EXPECT_TRUE(::ActivateActCtx(m_context, &m_cookie));
-    }
-    ManifestInUse(const ManifestInUse&) = delete;
-    ManifestInUse& operator=(const ManifestInUse&) = delete;
-    ~ManifestInUse() {
-        ::DeactivateActCtx(0, m_cookie);
-        ::ReleaseActCtx(m_context);
-    }
-
-  private:
-    HANDLE m_context = nullptr;
-    ULONG_PTR m_cookie = 0;
-};
 
 TEST(Host, TheManifestBesideTheModuleServesWithoutRegistration) {
     const ManifestInUse manifest;
@@ -130,35 +101,6 @@ TEST(Host, TheManifestBesideTheModuleServesWithoutRegistration) {
                                  reinterpret_cast<void**>(grid.GetAddressOf())),
               S_OK);
     EXPECT_EQ(Late(grid.Get()).Number(L"MaxRow"), 50);
-}
-
-TEST(Host, TheSystemsOwnHostWindowShowsTheControl) {
-    const ManifestInUse manifest;
-    const HMODULE atl = ::LoadLibraryW(L"atl.dll");
-    ASSERT_NE(atl, nullptr);
-    const auto entry = [atl](const char* name) {
-        return reinterpret_cast<void*>(::GetProcAddress(atl, name));
-    };
-    ASSERT_TRUE(reinterpret_cast<BOOL(WINAPI*)()>(entry("AtlAxWinInit"))());
-    const HWND host =
-        ::CreateWindowExW(WS_EX_TOOLWINDOW, L"AtlAxWin", L"VEYGRID.VeyGridCtrl.1", WS_POPUP, 0, 0,
-                          300, 200, nullptr, nullptr, nullptr, nullptr);
-    ASSERT_NE(host, nullptr);
-    {
-        ComPtr<IUnknown> control;
-        ASSERT_EQ(reinterpret_cast<HRESULT(WINAPI*)(HWND, IUnknown**)>(entry("AtlAxGetControl"))(
-                      host, control.GetAddressOf()),
-                  S_OK);
-        const HWND window = Container::WindowOf(control);
-        EXPECT_TRUE(::IsChild(host, window));
-        RECT client{};
-        ::GetClientRect(window, &client);
-        EXPECT_EQ(client.right, 300);
-        EXPECT_EQ(client.bottom, 200);
-        EXPECT_EQ(Late(control).Number(L"MaxCol"), 20);
-    }
-    ::DestroyWindow(host);
-    EXPECT_TRUE(CanUnload());
 }
 
 TEST(Host, MiscStatusIs131473) {
@@ -351,7 +293,7 @@ TEST(Host, AControlFreedInsideItsEventEndsAfterTheCall) {
               S_OK);
     EXPECT_FALSE(::IsWindow(window));
     EXPECT_EQ(sink.References, 1);
-    EXPECT_TRUE(CanUnload());
+    EXPECT_TRUE(Ocx::CanUnload());
 }
 
 TEST(Host, AControlLetGoWithoutClosingTakesItsWindowAlong) {
@@ -370,7 +312,7 @@ TEST(Host, AControlLetGoWithoutClosingTakesItsWindowAlong) {
     }
     EXPECT_FALSE(::IsWindow(window));
     EXPECT_EQ(container.References, 1);
-    EXPECT_TRUE(CanUnload());
+    EXPECT_TRUE(Ocx::CanUnload());
 }
 
 TEST(Host, WithoutAClientSiteActivationIsRefused) {
@@ -535,30 +477,6 @@ TEST(Host, TwoControlsInOneWindowDoNotDisturbEachOther) {
     grid.Call(L"GetActiveCell", {Arg::Reference(&row), Arg::Missing()});
     EXPECT_EQ(row, 5);
     EXPECT_TRUE(::IsWindow(Container::WindowOf(two)));
-}
-
-// The filter is seen through what it lets pass: nothing is used up by it yet, so that each key
-// reaches the control once, by a plain loop as by one that asks the control first.
-TEST(Host, AKeyReachesTheControlOnceWhetherOrNotTheLoopAsksForAccelerators) {
-    Container container;
-    const ComPtr<IUnknown> control = NewControl();
-    ASSERT_EQ(container.Show(control), S_OK);
-    int keys = 0;
-    EventSink sink([&](DISPID id, DISPPARAMS&) { keys += id == DISPID_KEYDOWN ? 1 : 0; });
-    const Connected connected(control, VeyGridEventsId, &sink);
-    ComPtr<IOleInPlaceActiveObject> active;
-    ASSERT_EQ(control.As(&active), S_OK);
-    for (const bool asks : {false, true}) {
-        keys = 0;
-        ::PostMessageW(Container::WindowOf(control), WM_KEYDOWN, VK_F5, 1);
-        MSG message;
-        while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            if (!asks || active->TranslateAccelerator(&message) == S_FALSE) {
-                ::DispatchMessageW(&message);
-            }
-        }
-        EXPECT_EQ(keys, 1);
-    }
 }
 
 }  // namespace

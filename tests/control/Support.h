@@ -32,11 +32,17 @@ class Ocx {
         return reinterpret_cast<Function*>(
             reinterpret_cast<void*>(::GetProcAddress(Handle(), name)));
     }
+    static HRESULT GetClassObject(REFCLSID clsid, REFIID iid, void** target) {
+        return Entry<HRESULT WINAPI(REFCLSID, REFIID, void**)>("DllGetClassObject")(clsid, iid,
+                                                                                    target);
+    }
+    // False while anything of the module is held.
+    static bool CanUnload() { return Entry<HRESULT WINAPI()>("DllCanUnloadNow")() == S_OK; }
     static ComPtr<IUnknown> Make(REFCLSID clsid, IUnknown* outer = nullptr) {
         ComPtr<IClassFactory> factory;
         ComPtr<IUnknown> object;
-        auto* const get = Entry<HRESULT WINAPI(REFCLSID, REFIID, void**)>("DllGetClassObject");
-        EXPECT_EQ(get(clsid, IID_IClassFactory, reinterpret_cast<void**>(factory.GetAddressOf())),
+        EXPECT_EQ(GetClassObject(clsid, IID_IClassFactory,
+                                 reinterpret_cast<void**>(factory.GetAddressOf())),
                   S_OK);
         EXPECT_EQ(factory->CreateInstance(outer, IID_IUnknown,
                                           reinterpret_cast<void**>(object.GetAddressOf())),
@@ -206,6 +212,29 @@ class EventSink final : public IDispatch {
 
   private:
     Handler m_handler;
+};
+
+// A sink that counts what an object tells it of its picture and its end.
+struct Advised final : IAdviseSink {
+    STDMETHODIMP QueryInterface(REFIID iid, void** target) override {
+        *target = iid == IID_IUnknown || iid == IID_IAdviseSink ? this : nullptr;
+        if (*target != nullptr) {
+            AddRef();
+        }
+        return *target == nullptr ? E_NOINTERFACE : S_OK;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(++References); }
+    STDMETHODIMP_(ULONG) Release() override { return static_cast<ULONG>(--References); }
+    STDMETHODIMP_(void) OnDataChange(FORMATETC*, STGMEDIUM*) override { ++DataChanges; }
+    STDMETHODIMP_(void) OnViewChange(DWORD, LONG) override { ++ViewChanges; }
+    STDMETHODIMP_(void) OnRename(IMoniker*) override {}
+    STDMETHODIMP_(void) OnSave() override {}
+    STDMETHODIMP_(void) OnClose() override { ++Closes; }
+
+    long References = 1;
+    int DataChanges = 0;
+    int ViewChanges = 0;
+    int Closes = 0;
 };
 
 // Connects on construction, disconnects on destruction.

@@ -3,6 +3,7 @@
 
 #include "platform/win32/ole/Enumerator.h"
 #include "platform/win32/ole/Guard.h"
+#include "platform/win32/ole/MessageFilter.h"
 #include "platform/win32/ole/OleControl.h"
 
 namespace veygrid {
@@ -150,9 +151,10 @@ STDMETHODIMP OleControlPart::OnMnemonic(MSG*) {
     return S_OK;
 }
 
-STDMETHODIMP OleControlPart::OnAmbientPropertyChange(DISPID) {
+STDMETHODIMP OleControlPart::OnAmbientPropertyChange(DISPID id) {
+    const KeepAlive keep(m_owner);
     return Guarded([&] {
-        m_owner.InvalidateControl();
+        m_owner.OnAmbientPropertyChange(id);
         return S_OK;
     });
 }
@@ -220,8 +222,8 @@ STDMETHODIMP ActiveObjectPart::TranslateAccelerator(LPMSG message) {
     }
     const KeepAlive keep(m_owner);
     return Guarded([&] {
-        return m_owner.FilterMessage(*message, CVeyOleControl::FilterSource::Container) ? S_OK
-                                                                                        : S_FALSE;
+        return messagefilter::Offer(m_owner, *message) ? S_OK
+                                                       : m_owner.TranslateInContainer(*message);
     });
 }
 

@@ -29,10 +29,9 @@ const wchar_t* WindowClass() {
     return WindowClassName;
 }
 
-// Shift 1, control 2, alternate 4, as events say it.
-std::int16_t ShiftState() {
-    const auto bit = [](int key, int value) { return ::GetKeyState(key) < 0 ? value : 0; };
-    return static_cast<std::int16_t>(bit(VK_SHIFT, 1) | bit(VK_CONTROL, 2) | bit(VK_MENU, 4));
+bool IsUserInput(UINT message) {
+    return (message >= WM_KEYFIRST && message <= WM_KEYLAST) ||
+           (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST);
 }
 
 }  // namespace
@@ -228,6 +227,9 @@ LRESULT CALLBACK CVeyOleControl::WindowProcedure(HWND window, UINT message, WPAR
         return ::DefWindowProcW(window, message, wParam, lParam);
     }
     const KeepAlive keep(*control);
+    if (control->IsUIDead() && IsUserInput(message)) {
+        return 0;
+    }
     try {
         return control->OnMessage(message, wParam, lParam);
     } catch (...) {

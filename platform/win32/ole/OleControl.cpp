@@ -9,6 +9,11 @@
 
 namespace veygrid {
 
+std::int16_t CVeyOleControl::ShiftState() {
+    const auto bit = [](int key, int value) { return ::GetKeyState(key) < 0 ? value : 0; };
+    return static_cast<std::int16_t>(bit(VK_SHIFT, 1) | bit(VK_CONTROL, 2) | bit(VK_MENU, 4));
+}
+
 CVeyOleControl::CVeyOleControl(IUnknown* outer, const ControlClass& controlClass, void* handled)
     : OleObject(outer),
       m_class(controlClass),
@@ -128,6 +133,7 @@ void CVeyOleControl::SetClientSite(IOleClientSite* site) {
     if (site != nullptr) {
         site->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(m_ambient.GetAddressOf()));
     }
+    ReadUIDead();
 }
 
 bool CVeyOleControl::GetAmbient(DISPID id, VARTYPE type, OwnedVariant& value) {
@@ -139,6 +145,34 @@ bool CVeyOleControl::GetAmbient(DISPID id, VARTYPE type, OwnedVariant& value) {
                                      &given, nullptr, nullptr)) &&
            SUCCEEDED(::VariantChangeType(&value, &given, 0, type)) &&
            (type != VT_DISPATCH || value->pdispVal != nullptr);
+}
+
+LCID CVeyOleControl::AmbientLocale() {
+    OwnedVariant locale;
+    return GetAmbient(DISPID_AMBIENT_LOCALEID, VT_I4, locale) ? static_cast<LCID>(locale->lVal)
+                                                              : LOCALE_USER_DEFAULT;
+}
+
+void CVeyOleControl::ReadUIDead() {
+    OwnedVariant dead;
+    m_uiDead = GetAmbient(DISPID_AMBIENT_UIDEAD, VT_BOOL, dead) && dead->boolVal != VARIANT_FALSE;
+}
+
+void CVeyOleControl::OnAmbientPropertyChange(DISPID id) {
+    if (id == DISPID_AMBIENT_UIDEAD || id == DISPID_UNKNOWN) {
+        ReadUIDead();
+    }
+    if (id != DISPID_AMBIENT_UIDEAD) {
+        InvalidateControl();
+    }
+}
+
+HRESULT CVeyOleControl::TranslateInContainer(MSG& message) {
+    ComPtr<IOleControlSite> site;
+    const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
+    return isKey && m_site != nullptr && SUCCEEDED(m_site.As(&site))
+               ? site->TranslateAccelerator(&message, static_cast<DWORD>(ShiftState()))
+               : S_FALSE;
 }
 
 SIZEL CVeyOleControl::Extent() {
@@ -184,42 +218,21 @@ IDataAdviseHolder& CVeyOleControl::DataAdvise() {
     return *m_dataAdvise.Get();
 }
 
+void CVeyOleControl::Reset() {
+    OnResetState();
+    OwnedVariant color;
+    if (GetAmbient(DISPID_AMBIENT_FORECOLOR, VT_I8, color)) {
+        Stock().ForeColor = static_cast<std::uint32_t>(color->llVal);
+    }
+    Loaded();
+}
+
 // A loaded state is the container's own, so that nothing waits to be saved.
 void CVeyOleControl::Loaded() {
     m_modified = false;
     m_font = nullptr;
     ApplyBorder();
     InvalidateControl();
-}
-
-bool CVeyOleControl::FilterMessage(MSG& message, FilterSource source) {
-    const auto same = [](const MSG& a, const MSG& b) {
-        return a.hwnd == b.hwnd && a.message == b.message && a.wParam == b.wParam &&
-               a.lParam == b.lParam && a.time == b.time;
-    };
-    const bool seen = m_filtered && same(*m_filtered, message);
-    m_filtered.reset();
-    if (source == FilterSource::Container && seen) {
-        return false;
-    }
-    const KeepAlive keep(*this);
-    const bool used = PreTranslateMessage(message);
-    if (source == FilterSource::Hook && !used) {
-        m_filtered = message;
-    }
-    return used;
-}
-
-HRESULT CVeyOleControl::OnProperties(HWND parent) {
-    ComPtr<IOleControlSite> site;
-    if (m_site != nullptr && SUCCEEDED(m_site.As(&site)) && site->ShowPropertyFrame() == S_OK) {
-        return S_OK;
-    }
-    IUnknown* object = Controlling();
-    return ::OleCreatePropertyFrame(parent, 0, 0, module::String(m_class.userTypeNameId).c_str(), 1,
-                                    &object, static_cast<ULONG>(m_class.pages.size()),
-                                    const_cast<CLSID*>(m_class.pages.data()), LOCALE_USER_DEFAULT,
-                                    0, nullptr);
 }
 
 }  // namespace veygrid

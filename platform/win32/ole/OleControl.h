@@ -12,6 +12,7 @@
 #include "persist/ByteStream.h"
 #include "persist/PropertyBag.h"
 #include "platform/win32/ole/ActivationParts.h"
+#include "platform/win32/ole/ClassFactory.h"
 #include "platform/win32/ole/ConnectionParts.h"
 #include "platform/win32/ole/DispatchPart.h"
 #include "platform/win32/ole/OleObject.h"
@@ -22,12 +23,18 @@
 
 namespace veygrid {
 
+// A page that the property browser shows for a control.
+struct PageEntry {
+    CLSID clsid;
+    ObjectMaker make;  // null for a page of the platform, which the registry knows
+};
+
 // What stays the same for all controls of a class.
 struct ControlClass {
     const AutomationClass& automation;
     DWORD miscStatus;     // OLEMISC bits
     UINT userTypeNameId;  // string resource
-    std::span<const CLSID> pages;
+    std::span<const PageEntry> pages;
 };
 
 // A choice that a property browser offers.
@@ -63,6 +70,14 @@ class CVeyOleControl : public OleObject {
     void SetClientSite(IOleClientSite* site);
     // The container's value of an ambient property, as the wanted type.
     bool GetAmbient(DISPID id, VARTYPE type, OwnedVariant& value);
+    // The user's own where the container does not say.
+    LCID AmbientLocale();
+    // True while the container wants no input answered.
+    bool IsUIDead() const { return m_uiDead; }
+    // DISPID_UNKNOWN stands for all of them.
+    void OnAmbientPropertyChange(DISPID id);
+    // The container's answer to a key that the control leaves: S_OK when it was used up there.
+    HRESULT TranslateInContainer(MSG& message);
 
     // HIMETRIC.
     SIZEL Extent();
@@ -104,17 +119,16 @@ class CVeyOleControl : public OleObject {
     virtual void SaveInBag(PropertyBag& bag) = 0;
     virtual void LoadFromBag(PropertyBag& bag) = 0;
     virtual void OnResetState() = 0;
+    // Every property at its default; that of the text colour is the container's.
+    void Reset();
     // After any of the loads: shows it.
     void Loaded();
 
-    // A message for the control or a window inside it, before it is dispatched; true uses it up.
+    // An input message for the control's window or one inside it, once, before the host dispatches
+    // it; true uses it up. It may be readdressed.
     virtual bool PreTranslateMessage(MSG&) { return false; }
-    // The same, once for each message: what the thread's hook has shown already passes when the
-    // container asks for it too.
-    enum class FilterSource { Hook, Container };
-    bool FilterMessage(MSG& message, FilterSource source);
 
-    // Opens the property pages.
+    // Opens the property pages: the container's way, the platform's or a frame of our own.
     HRESULT OnProperties(HWND parent);
     virtual std::vector<PredefinedValue> OnGetPredefinedStrings(DISPID) { return {}; }
     // Page of a property; null for none in particular.
@@ -146,6 +160,11 @@ class CVeyOleControl : public OleObject {
     }
     template <class Value>
     void ChangeStock(DISPID id, Value& member, Value value);
+
+    // Shift 1, control 2, alternate 4, as events and containers say it.
+    static std::int16_t ShiftState();
+    void ReadUIDead();
+    std::vector<ComPtr<IPropertyPage>> MakePages() const;
 
     HRESULT InPlaceActivate(bool withUI, HWND parent);
     HRESULT UIActivate();
@@ -184,10 +203,10 @@ class CVeyOleControl : public OleObject {
     ComPtr<IDispatch> m_font;
     HWND m_window = nullptr;
     bool m_uiActive = false;
+    bool m_uiDead = false;
     bool m_modified = false;
     bool m_leftDown = false;
     int m_freezeCount = 0;
-    std::optional<MSG> m_filtered;
 };
 
 }  // namespace veygrid

@@ -99,8 +99,7 @@ HRESULT AnswerClass(CVeyOleControl& control, CLSID* clsid) {
 HRESULT Reset(CVeyOleControl& control) {
     const KeepAlive keep(control);
     return Guarded([&] {
-        control.OnResetState();
-        control.Loaded();
+        control.Reset();
         return S_OK;
     });
 }

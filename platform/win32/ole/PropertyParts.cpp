@@ -2,10 +2,12 @@
 #include "platform/win32/ole/PropertyParts.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "platform/win32/ole/Enumerator.h"
 #include "platform/win32/ole/Guard.h"
 #include "platform/win32/ole/OleControl.h"
+#include "platform/win32/ole/PropertyFrame.h"
 
 namespace veygrid {
 
@@ -30,14 +32,19 @@ DWORD CurrentCookie(CVeyOleControl& control, DISPID id) {
     return static_cast<DWORD>(ReadLong(value.Get(), LOCALE_USER_DEFAULT));
 }
 
+// Wine shows the pages in the platform's frame and never applies what they hold.
+bool DoesPlatformApplyPages() {
+    return ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "wine_get_version") == nullptr;
+}
+
 }  // namespace
 
 STDMETHODIMP PagesPart::GetPages(CAUUID* pages) {
     return Answered(pages, [&] {
-        const std::span<const CLSID> known = m_owner.Class().pages;
+        const std::span<const PageEntry> known = m_owner.Class().pages;
         pages->pElems = TaskArray<GUID>(known.size());
         pages->cElems = static_cast<ULONG>(known.size());
-        std::ranges::copy(known, pages->pElems);
+        std::ranges::transform(known, pages->pElems, &PageEntry::clsid);
         return S_OK;
     });
 }
@@ -98,6 +105,46 @@ STDMETHODIMP BrowsingPart::GetPredefinedValue(DISPID id, DWORD cookie, VARIANT* 
         PutLong(*value, static_cast<std::int32_t>(cookie));
         return S_OK;
     });
+}
+
+// A page that is not at hand is left out.
+std::vector<ComPtr<IPropertyPage>> CVeyOleControl::MakePages() const {
+    std::vector<ComPtr<IPropertyPage>> pages;
+    for (const PageEntry& entry : m_class.pages) {
+        ComPtr<IPropertyPage> page;
+        if (entry.make != nullptr) {
+            Require(Adopt(entry.make(nullptr)).As(&page));
+        } else {
+            ::CoCreateInstance(entry.clsid, nullptr, CLSCTX_INPROC_SERVER, IID_IPropertyPage,
+                               reinterpret_cast<void**>(page.GetAddressOf()));
+        }
+        if (page != nullptr) {
+            pages.push_back(page);
+        }
+    }
+    return pages;
+}
+
+HRESULT CVeyOleControl::OnProperties(HWND parent) {
+    const KeepAlive keep(*this);
+    ComPtr<IOleControlSite> site;
+    if (m_site != nullptr && SUCCEEDED(m_site.As(&site)) && site->ShowPropertyFrame() == S_OK) {
+        return S_OK;
+    }
+    IUnknown* object = Controlling();
+    OwnedVariant name;
+    const std::wstring caption = GetAmbient(DISPID_AMBIENT_DISPLAYNAME, VT_BSTR, name)
+                                     ? std::wstring(name->bstrVal, ::SysStringLen(name->bstrVal))
+                                     : module::String(m_class.userTypeNameId);
+    std::vector<CLSID> ids;
+    std::ranges::transform(m_class.pages, std::back_inserter(ids), &PageEntry::clsid);
+    if (DoesPlatformApplyPages() &&
+        SUCCEEDED(::OleCreatePropertyFrame(parent, 0, 0, caption.c_str(), 1, &object,
+                                           static_cast<ULONG>(ids.size()), ids.data(),
+                                           AmbientLocale(), 0, nullptr))) {
+        return S_OK;
+    }
+    return ShowPropertyFrame({parent, caption, object, MakePages(), AmbientLocale()});
 }
 
 }  // namespace veygrid
