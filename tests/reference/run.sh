@@ -8,7 +8,7 @@ set -uo pipefail
 root=$(cd "$(dirname "$0")/../.." && pwd)
 cd "$root" || exit 1
 : "${WINEPREFIX:?run.sh: set WINEPREFIX}"
-export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=${WINEDLLOVERRIDES-mscoree,mshtml=}
+. tools/wine.sh
 if [ -z "${VEYHOST_DISPLAY:-}" ]; then
     VEYHOST_DISPLAY=1 exec xvfb-run -a -s "-screen 0 1280x1024x24" "$0" "$@"
 fi
@@ -113,6 +113,8 @@ run_example() {
 [ -f "$host" ] || { echo "run.sh: no $host"; exit 1; }
 rm -rf "$work"
 mkdir -p "$work"
+# It also starts what Wine keeps running, which would hold on to a pipe.
+prepare_wine
 if [ $# -gt 0 ]; then
     names=("$@")
 else
