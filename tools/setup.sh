@@ -8,7 +8,8 @@ PACKAGES_WINDOWS=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-
 PACKAGES_X86=(debootstrap)
 PACKAGES_BENCH=(qtbase5-dev libwxgtk3.2-dev sqlite3 xz-utils)
 PACKAGES_RUN=(xz-utils)
-PACKAGES_PICTURE=(pango1.0-tools fonts-wqy-zenhei)
+PACKAGES_FONT=(fonts-wqy-zenhei)
+PACKAGES_PICTURE=(pango1.0-tools)
 
 missing_packages() {
     local package
