@@ -8,7 +8,8 @@ PACKAGES_WINDOWS=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-
 PACKAGES_X86=(debootstrap)
 PACKAGES_BENCH=(qtbase5-dev libwxgtk3.2-dev sqlite3 xz-utils)
 PACKAGES_RUN=(xz-utils)
-PACKAGES_PICTURE=(pango1.0-tools fonts-wqy-zenhei)
+PACKAGES_FONT=(fonts-wqy-zenhei)
+PACKAGES_PICTURE=(pango1.0-tools)
 
 missing_packages() {
     local package
@@ -40,13 +41,6 @@ need() {
     [ "${#missing[@]}" = 0 ] && return 0
     step "refreshing the list of packages" as_root apt-get update
     step "installing ${#missing[@]} packages" apt_install "${missing[@]}"
-}
-
-# wine_prefix makes the Wine prefix of the environment where there is none. Its menus, captions and
-# dialogs show Chinese whatever the code page is.
-wine_prefix() {
-    [ -d "$WINEPREFIX/drive_c" ] || wineboot --init || return 1
-    wine reg import "$VEY_ROOT/tools/chinese-font.reg"
 }
 
 # in_chinese COMMAND... runs it where code page 936 is the system's. The locale for that is made in

@@ -13,7 +13,8 @@
 
 namespace veygrid {
 
-class ScriptEngine : public ComObject<IActiveScriptSite, IActiveScriptSiteWindow> {
+class ScriptEngine
+    : public ComObject<IActiveScriptSite, IActiveScriptSiteWindow, IServiceProvider> {
   public:
     struct Setting {
         std::wstring language;  // "VBScript" or "JScript"
@@ -44,6 +45,14 @@ class ScriptEngine : public ComObject<IActiveScriptSite, IActiveScriptSiteWindow
     STDMETHODIMP OnScriptError(IActiveScriptError* error) override;
     STDMETHODIMP OnEnterScript() override { return S_OK; }
     STDMETHODIMP OnLeaveScript() override { return S_OK; }
+    // There is none; but engines make no object that wants a site where nobody can be asked.
+    STDMETHODIMP QueryService(REFGUID, REFIID, void** service) override {
+        if (service == nullptr) {
+            return E_POINTER;
+        }
+        *service = nullptr;
+        return E_NOINTERFACE;
+    }
     STDMETHODIMP GetWindow(HWND* window) override;
     STDMETHODIMP EnableModeless(BOOL) override { return S_OK; }
 

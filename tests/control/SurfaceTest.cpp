@@ -6,6 +6,7 @@
 
 #include "control/AutomationTable.h"
 #include "control/ClassIds.h"
+#include "control/EventTable.h"
 #include "tests/control/Support.h"
 #include "valuetext/CodePage936.h"
 
@@ -146,6 +147,22 @@ TEST(Surface, TableAndTypeLibraryAgreeInBothDirections) {
     EXPECT_EQ(OfLibrary(VeyGridDispatchId), OfTable(VeyGridTable(), true));
     EXPECT_EQ(OfLibrary(CellFormatDispatchId), OfTable(CellFormatTable(), true));
     EXPECT_EQ(OfLibrary(FormObjectDispatchId), OfTable(FormObjectTable(), true));
+}
+
+Surface OfEvents() {
+    Surface surface;
+    for (const EventDescription& event : VeyGridEvents()) {
+        CallForm form;
+        form.count = event.count;
+        std::copy_n(event.parameters.begin(), event.count, form.parameters.begin());
+        surface.insert(Describe({.id = event.id, .name = event.name, .kind = MemberKind::Method},
+                                form, false));
+    }
+    return surface;
+}
+
+TEST(Surface, EventTableAndTypeLibraryAgreeInBothDirections) {
+    EXPECT_EQ(OfLibrary(VeyGridEventsId), OfEvents());
 }
 
 TEST(Surface, OnlyAutoMaxRcEnabledAndShowFormatAreNotListed) {

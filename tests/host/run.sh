@@ -15,7 +15,7 @@ set -uo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 root=$(cd "$here/../.." && pwd)
 : "${WINEPREFIX:?run.sh: set WINEPREFIX}"
-export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=${WINEDLLOVERRIDES-mscoree,mshtml=}
+. "$root/tools/wine.sh"
 if [ -z "${VEYHOST_DISPLAY:-}" ]; then
     VEYHOST_DISPLAY=1 exec xvfb-run -a -s "-screen 0 1280x1024x24" "$0" "$@"
 fi
@@ -24,11 +24,6 @@ host=${VEYHOST:-$root/build/win64/VeyHost.exe}
 work=$root/build/tests-host
 passed=0
 failed=0
-
-# Without a window manager, Wine waits two seconds for one whenever a window goes away.
-prepare_wine() {
-    wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
-}
 
 check_code_page() {
     [ -z "${VEYGRID_CODE_PAGE:-}" ] ||

@@ -1,0 +1,47 @@
+#!/usr/bin/env bash
+# Tests the samples: the voucher's script runs in VeyHost, and grd reads from the file what belongs there.
+# usage: tests/samples/run.sh     WINEPREFIX is taken from the environment.
+#        GRD: the tool, build/native/grd by default; VEYHOST: the host, as samples/make takes it.
+set -uo pipefail
+root=$(cd "$(dirname "$0")/../.." && pwd)
+cd "$root" || exit 1
+. tools/wine.sh
+: "${WINEPREFIX:?run.sh: set WINEPREFIX}"
+if [ -z "${VEYHOST_DISPLAY:-}" ]; then
+    VEYHOST_DISPLAY=1 on_virtual_display "$0"
+    exit
+fi
+
+grd=${GRD:-build/native/grd}
+file=build/samples/voucher.grd
+passed=0
+failed=0
+
+# equal TITLE EXPECTED COMMAND...: what the command writes is what the file holds.
+equal() {
+    local title=$1 expected=$2 difference
+    shift 2
+    if difference=$(diff "$expected" <("$@" 2>&1)); then
+        passed=$((passed + 1))
+    else
+        failed=$((failed + 1))
+        printf 'FAILED  %s\n%s\n' "$title" "$difference"
+    fi
+}
+
+prepare_wine
+rm -f "$file"
+equal "the voucher's script is silent" /dev/null samples/make
+equal "the voucher's file is whole" tests/samples/voucher.check "$grd" check "$file"
+equal "the voucher's cells" tests/samples/voucher.stored "$grd" cells "$file" --as csv
+equal "what the voucher shows" tests/samples/voucher.shown "$grd" cells "$file" --shown
+equal "the voucher's picture is drawn" /dev/null samples/show build/samples/voucher.png
+if [ "$(od -An -tu1 -j16 -N8 build/samples/voucher.png | awk '{ print $3 * 256 + $4, $7 * 256 + $8 }')" = \
+    "812 368" ]; then
+    passed=$((passed + 1))
+else
+    failed=$((failed + 1))
+    echo "FAILED  the size of the voucher's picture"
+fi
+printf '%d passed, %d failed\n' "$passed" "$failed"
+[ "$failed" = 0 ]

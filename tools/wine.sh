@@ -1,0 +1,31 @@
+# Sourced where Windows programs run under Wine. WINEPREFIX is the caller's to set, or own_prefix sets
+# it; that one needs tools/steps.sh.
+
+export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=${WINEDLLOVERRIDES-mscoree,mshtml=}
+
+wine_settings=$(dirname "${BASH_SOURCE[0]}")/wine-settings.reg
+
+# Makes the prefix where there is none, and sets in it what our programs need.
+prepare_wine() {
+    [ -d "$WINEPREFIX/drive_c" ] || wineboot --init || return 1
+    wine reg import "$wine_settings" >/dev/null 2>&1 || return 1
+    # A server that has no display must not serve what comes next.
+    [ -n "${DISPLAY:-}" ] || wineserver -w
+}
+
+# Takes VeyGrid's own prefix.
+own_prefix() {
+    export WINEPREFIX=$VEY_CACHE/wine64
+    mkdir -p "$VEY_CACHE"
+    step "the Wine prefix" prepare_wine
+}
+
+# on_virtual_display COMMAND...: the display must not end before the session that uses it does.
+on_virtual_display() {
+    # shellcheck disable=SC2016
+    xvfb-run -a -s "-screen 0 1280x1024x24" bash -c '
+        result=0
+        "$@" || result=$?
+        wineserver -w
+        exit $result' _ "$@"
+}
