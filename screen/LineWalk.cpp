@@ -2,21 +2,13 @@
 #include "screen/LineWalk.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace veygrid {
 
 namespace {
 
-// More lines than any screen shows; a walk that goes on looks for longer strides.
-constexpr std::int64_t ScreenfulOfLines = 4096;
-
 const SizeMap& StoredSizes(const GridStore& store, Axis axis) {
     return axis == Axis::Rows ? store.RowHeightMap : store.ColWidthMap;
-}
-
-std::int32_t DefaultSize(const GridStore& store, Axis axis) {
-    return axis == Axis::Rows ? store.Properties.DefCellHeight : store.Properties.DefCellWidth;
 }
 
 class LineWalk {
@@ -66,26 +58,13 @@ class LineWalk {
     WalkEnd m_end;
 };
 
-// The lines of the span that have a size of their own, ascending.
-std::vector<std::int32_t> LinesWithSize(const SizeMap& sizes, Axis axis, std::int64_t first,
-                                        std::int64_t past) {
-    std::vector<std::int32_t> lines;
-    for (const auto& [key, size] : sizes) {
-        const std::int32_t line = LineOf(key, axis);
-        if (key == WithLine({}, axis, line) && line >= first && line < past) {
-            lines.push_back(line);
-        }
-    }
-    std::sort(lines.begin(), lines.end());
-    return lines;
-}
-
 // Over all that is left of lines inside the sheet.
 void StrideToEnd(LineWalk& walk, const GridStore& store, Axis axis, std::int64_t past) {
-    const SizeMap& sizes = StoredSizes(store, axis);
     const std::int64_t common = DefaultSize(store, axis);
-    if (!sizes.IsEmpty()) {
-        for (const std::int32_t line : LinesWithSize(sizes, axis, walk.Line(), past)) {
+    if (!StoredSizes(store, axis).IsEmpty()) {
+        const LineSpan left{static_cast<std::int32_t>(walk.Line()),
+                            static_cast<std::int32_t>(past - 1)};
+        for (const std::int32_t line : LinesWithSize(store, axis, left)) {
             if (walk.Stride(line - walk.Line(), common) || walk.Step(SizeOf(store, axis, line))) {
                 return;
             }
@@ -100,7 +79,8 @@ bool StepThrough(LineWalk& walk, const GridStore& store, Axis axis, std::int64_t
     if (stored == 0) {
         return walk.Line() >= past;
     }
-    std::int64_t steps = std::max(ScreenfulOfLines, static_cast<std::int64_t>(stored));
+    std::int64_t steps =
+        std::max<std::int64_t>(ScreenfulOfLines, static_cast<std::int64_t>(stored));
     for (; walk.Line() < past && steps > 0; --steps) {
         if (walk.Step(SizeOf(store, axis, static_cast<std::int32_t>(walk.Line())))) {
             return true;
@@ -115,8 +95,24 @@ std::int32_t SizeOf(const GridStore& store, Axis axis, std::int32_t line) {
     return axis == Axis::Rows ? store.RowHeight(line) : store.ColWidth(line);
 }
 
+std::int32_t DefaultSize(const GridStore& store, Axis axis) {
+    return axis == Axis::Rows ? store.Properties.DefCellHeight : store.Properties.DefCellWidth;
+}
+
 std::int32_t MaxLine(const GridStore& store, Axis axis) {
     return axis == Axis::Rows ? store.Properties.MaxRow : store.Properties.MaxCol;
+}
+
+std::vector<std::int32_t> LinesWithSize(const GridStore& store, Axis axis, LineSpan span) {
+    std::vector<std::int32_t> lines;
+    for (const auto& [key, size] : StoredSizes(store, axis)) {
+        const std::int32_t line = LineOf(key, axis);
+        if (key == WithLine({}, axis, line) && span.Holds(line)) {
+            lines.push_back(line);
+        }
+    }
+    std::sort(lines.begin(), lines.end());
+    return lines;
 }
 
 WalkEnd WalkLines(const GridStore& store, Axis axis, std::int64_t first, std::int64_t past,

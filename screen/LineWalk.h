@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "grid/Axis.h"
 #include "grid/GridStore.h"
@@ -19,8 +20,14 @@ struct WalkEnd {
     std::int64_t end = 0;
 };
 
+// More lines than any screen shows; who has more to walk looks for longer strides.
+inline constexpr std::int32_t ScreenfulOfLines = 4096;
+
 std::int32_t SizeOf(const GridStore& store, Axis axis, std::int32_t line);
+std::int32_t DefaultSize(const GridStore& store, Axis axis);
 std::int32_t MaxLine(const GridStore& store, Axis axis);
+// The lines of the span that have a size of their own, ascending. Costs a look at all stored sizes.
+std::vector<std::int32_t> LinesWithSize(const GridStore& store, Axis axis, LineSpan span);
 
 // Walks the lines from `first` to just before `past`, the first of which begins at `start`, up to
 // the one that ends at `edge` or beyond. Any number is taken, sizes below 0 and lines outside the

@@ -171,7 +171,7 @@ class LayoutPropertyTest : public SheetLayoutTest,
 };
 
 TEST_P(LayoutPropertyTest, AnswersAreThoseOfTheSlowModelAndAgreeWithEachOther) {
-    for (int round = 0; round < 20; ++round) {
+    for (int round = 0; round < 10; ++round) {
         store.RowHeightMap.RemoveAll();
         store.ColWidthMap.RemoveAll();
         MakeSheet();
@@ -184,7 +184,7 @@ TEST_P(LayoutPropertyTest, AnswersAreThoseOfTheSlowModelAndAgreeWithEachOther) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, LayoutPropertyTest, testing::Range(1U, 41U));
+INSTANTIATE_TEST_SUITE_P(Seeds, LayoutPropertyTest, testing::Range(1U, 21U));
 
 }  // namespace
 }  // namespace veygrid
