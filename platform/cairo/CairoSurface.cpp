@@ -239,7 +239,7 @@ void CairoSurface::InvertPath() {
 void CairoSurface::DrawFocusRect(const Rect& rect) {
     const Rect seen = OnSurface(rect);
     const auto addDot = [&](std::int32_t x, std::int32_t y) {
-        if ((x + y) % 2 == 0) {
+        if (((x ^ y) & 1) == 0) {
             AddToPath({x, y, x + 1, y + 1});
         }
     };
