@@ -1,8 +1,10 @@
 // The geometry of the sheet: where cells and headers lie, and what a pixel means.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
+#include "grid/Axis.h"
 #include "grid/CellPos.h"
 #include "grid/CellRange.h"
 #include "grid/GridStore.h"
@@ -22,6 +24,13 @@ enum class HitCode : std::int32_t {
     HitCorner = 6,
     HitSelFrame = 20,
 };
+
+// An edge in client pixels, from a sum that may leave 32 bits: it then stands as far out as leaves
+// room for growing a rectangle.
+constexpr std::int32_t Edge(std::int64_t position) {
+    constexpr std::int64_t Farthest = 0x7FFF0000;
+    return static_cast<std::int32_t>(std::clamp(position, -Farthest, Farthest));
+}
 
 // Rows and columns that fit, and their summed sizes in pixels without the headers.
 struct VisibleCounts {
@@ -78,6 +87,27 @@ class Layout {
     std::int32_t m_nLastDrawnCol = 0;
 
   private:
+    // One direction of the view: its first line, where the cell area begins and the view ends.
+    struct View {
+        Axis axis;
+        std::int32_t first;
+        std::int32_t origin;
+        std::int32_t end;
+    };
+    struct Edges {
+        std::int32_t begin = 0;
+        std::int32_t end = 0;
+    };
+    View ViewOf(Axis axis) const;
+    Edges EdgesOf(const View& view, std::int32_t line) const;
+    std::int32_t LineAt(const View& view, std::int32_t position) const;
+    std::int32_t LastVisible(const View& view, bool wholeCellsOnly) const;
+
+    HitCode HitCellOrFrame(Point point) const;
+    HitCode HitRowHeaders(std::int32_t row, std::int32_t y) const;
+    HitCode HitColHeaders(std::int32_t col, std::int32_t x) const;
+    bool IsNearEdge(std::int32_t position, Edges edges) const;
+
     const GridStore& m_store;
 };
 
