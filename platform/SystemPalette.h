@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 #include "platform/Geometry.h"
@@ -9,19 +10,19 @@
 namespace veygrid {
 
 // Numbers of GetSysColor.
-enum SysColor : std::uint32_t {
-    SysBackground = 1,
-    SysActiveCaption = 2,
-    SysBtnFace = 15,
-    SysBtnShadow = 16,
-    SysBtnText = 18,
-    SysBtnHighlight = 20,
-    Sys3dDkShadow = 21,
-    Sys3dLight = 22,
+enum SysColorIndex : std::int32_t {
+    ColorBackground = 1,
+    ColorActiveCaption = 2,
+    ColorBtnFace = 15,
+    ColorBtnShadow = 16,
+    ColorBtnText = 18,
+    ColorBtnHighlight = 20,
+    Color3dDkShadow = 21,
+    Color3dLight = 22,
 };
 
 // By the number that GetSysColor takes; white for a number that it does not know.
-constexpr Color UsualSystemColor(std::uint32_t index) {
+constexpr Color UsualSystemColor(std::int32_t index) {
     constexpr std::array<Color, 25> colors{
         0xC8D0D4,  // scroll bar
         0xA56E3A,  // desktop
@@ -49,14 +50,16 @@ constexpr Color UsualSystemColor(std::uint32_t index) {
         0x000000,  // text of a hint
         0xE1FFFF,  // ground of a hint
     };
-    return index < colors.size() ? colors[index] : White;
+    const auto place = static_cast<std::size_t>(index);
+    return place < colors.size() ? colors[place] : White;
 }
 
 // A colour as properties hold it: 0x00BBGGRR, or with the top bit set the number of a system
 // colour.
 constexpr Color UsualColor(std::uint32_t property) {
-    return (property & 0x80000000U) != 0 ? UsualSystemColor(property & 0xFFU)
-                                         : property & 0xFFFFFFU;
+    return (property & 0x80000000U) != 0
+               ? UsualSystemColor(static_cast<std::int32_t>(property & 0xFFU))
+               : property & 0xFFFFFFU;
 }
 
 }  // namespace veygrid

@@ -48,23 +48,6 @@ Rect CellsWithin(const GridProperties& properties, Rect bounds) {
     return bounds;
 }
 
-void DrawSheet(const DrawingContext& context, Surface& surface, const Rect& bounds) {
-    const GridStore& store = context.Store;
-    const Layout& view = context.View;
-    surface.SetBkColor(context.Host.TranslateColor(store.Properties.BackColor));
-    surface.SetBkMode(BkMode::Transparent);
-    PlaceView(context, surface.IsPrinting(), bounds);
-    const auto linesOnView = [&store](Axis axis, std::int64_t first, std::int64_t count) {
-        return LinesOnView(store, axis, first, first + count - 1);
-    };
-    const ViewLines rows = linesOnView(Axis::Rows, view.FirstVisibleRow, view.m_visible.Rows);
-    const ViewLines cols = linesOnView(Axis::Cols, view.FirstVisibleCol, view.m_visible.Cols);
-    DrawHeaders(context, surface, rows, cols, bounds);
-    const Rect cells = CellsWithin(store.Properties, bounds);
-    DrawGridLines(context, surface, rows, cols, cells);
-    DrawCells(context, surface, rows, cols, cells);
-}
-
 void DrawMarks(const DrawingContext& context, Surface& surface) {
     InvertSelection(context, surface);
     DrawSelectionFrame(context, surface);
@@ -76,6 +59,22 @@ void DrawMarks(const DrawingContext& context, Surface& surface) {
 
 }  // namespace
 
+void DrawView(const DrawingContext& context, Surface& surface, const Rect& bounds) {
+    const GridStore& store = context.Store;
+    const Layout& view = context.View;
+    surface.SetBkColor(context.Host.TranslateColor(store.Properties.BackColor));
+    surface.SetBkMode(BkMode::Transparent);
+    const auto linesOnView = [&store](Axis axis, std::int64_t first, std::int64_t count) {
+        return LinesOnView(store, axis, first, first + count - 1);
+    };
+    const ViewLines rows = linesOnView(Axis::Rows, view.FirstVisibleRow, view.m_visible.Rows);
+    const ViewLines cols = linesOnView(Axis::Cols, view.FirstVisibleCol, view.m_visible.Cols);
+    DrawHeaders(context, surface, rows, cols, bounds);
+    const Rect cells = CellsWithin(store.Properties, bounds);
+    DrawGridLines(context, surface, rows, cols, cells);
+    DrawCells(context, surface, rows, cols, cells);
+}
+
 void OnDraw(const DrawingContext& context, BackgroundImage& image, Surface& surface,
             const Rect& bounds, const Rect& /*invalid*/) {
     context.View.m_rcClient = bounds;
@@ -86,7 +85,8 @@ void OnDraw(const DrawingContext& context, BackgroundImage& image, Surface& surf
         DrawForm(context, image, surface, bounds);
         return;
     }
-    DrawSheet(context, surface, bounds);
+    PlaceView(context, surface.IsPrinting(), bounds);
+    DrawView(context, surface, bounds);
     if (!surface.IsPrinting()) {
         DrawMarks(context, surface);
     }

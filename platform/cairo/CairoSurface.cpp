@@ -138,17 +138,17 @@ void CairoSurface::DrawFrameControl(const Rect& rect, std::uint32_t type, std::u
     if (type != DfcScroll || state != DfcsScrollRight || IntersectRect(rect, sensible) != rect) {
         return;
     }
-    FillSolidRect(rect, UsualSystemColor(SysBtnFace));
-    Draw3dRect(rect, UsualSystemColor(Sys3dLight), UsualSystemColor(Sys3dDkShadow));
-    Draw3dRect(rect.Inflated(-1, -1), UsualSystemColor(SysBtnHighlight),
-               UsualSystemColor(SysBtnShadow));
+    FillSolidRect(rect, UsualSystemColor(ColorBtnFace));
+    Draw3dRect(rect, UsualSystemColor(Color3dLight), UsualSystemColor(Color3dDkShadow));
+    Draw3dRect(rect.Inflated(-1, -1), UsualSystemColor(ColorBtnHighlight),
+               UsualSystemColor(ColorBtnShadow));
     constexpr std::int32_t edges = 4;
     const std::int32_t rise = (std::min(rect.Width(), rect.Height()) - edges) / 4;
     const std::int32_t x = rect.left + (rect.Width() - rise) / 2;
     const std::int32_t y = rect.top + (rect.Height() - 1) / 2;
     for (std::int32_t column = 0; column <= rise; ++column) {
         FillSolidRect({x + column, y - rise + column, x + column + 1, y + rise - column + 1},
-                      UsualSystemColor(SysBtnText));
+                      UsualSystemColor(ColorBtnText));
     }
 }
 
