@@ -21,6 +21,11 @@ constexpr double DefaultCellHeight = 16;
 // Larger characters would fill the memory with the picture of a single one.
 constexpr double MostSize = 1024;
 
+// Of the faces that sheets are made for, by the height of the characters. A face that stands in for
+// one of them keeps to it: its own lines may be higher than cells are.
+constexpr double UsualAscent = 0.9;
+constexpr double UsualDescent = 0.2;
+
 enum FontFamily : std::uint8_t { Roman = 0x10, Modern = 0x30, FamilyMask = 0xF0 };
 
 OwnedFontOptions MakeOptions(TextLook look) {
@@ -71,6 +76,16 @@ OwnedFontDescription Describe(const LogFont& record, double size) {
     return description;
 }
 
+bool IsCalled(PangoFont* font, const std::string& face) {
+    const OwnedFontDescription description(pango_font_describe(font));
+    const char* const name = pango_font_description_get_family(description.get());
+    return name != nullptr && g_ascii_strcasecmp(name, face.c_str()) == 0;
+}
+
+std::int32_t Rounded(double size) {
+    return static_cast<std::int32_t>(std::lround(size));
+}
+
 cairo_font_extents_t ExtentsOf(cairo_scaled_font_t* font) {
     cairo_font_extents_t extents{};
     cairo_scaled_font_extents(font, &extents);
@@ -91,11 +106,13 @@ CairoFont::CairoFont(PangoContext* context, const LogFont& record, TextLook look
       m_look(look),
       m_angle(record.lfEscapement % 3600 / 1800.0 * std::numbers::pi) {
     const double height = std::abs(static_cast<double>(record.lfHeight));
-    LoadFaces(context, std::min(height == 0 ? DefaultCellHeight : height, MostSize));
-    if (record.lfHeight >= 0) {
-        // It is the height of the whole line that is given.
-        const double asked = std::min(height == 0 ? DefaultCellHeight : height, MostSize);
-        LoadFaces(context, std::max(1.0, std::round(asked * asked / std::max(Height(), 1))));
+    double size = std::min(height == 0 ? DefaultCellHeight : height, MostSize);
+    const auto cellHeight = static_cast<std::int32_t>(size);
+    LoadFaces(context, size);
+    // It may be the height of a whole line that is given.
+    while (record.lfHeight >= 0 && Height() > cellHeight && size > 1) {
+        size = std::max(1.0, size - std::max(1, (Height() - cellHeight) / 2));
+        LoadFaces(context, size);
     }
 }
 
@@ -104,10 +121,11 @@ void CairoFont::LoadFaces(PangoContext* context, double size) {
     const OwnedFontDescription description = Describe(m_record, size);
     m_faces.reset(pango_context_load_fontset(context, description.get(),
                                              pango_language_from_string("zh-cn")));
-    const FontGlyph sample = Find("x");
-    const cairo_font_extents_t extents = ExtentsOf(sample.Font);
-    m_ascent = static_cast<std::int32_t>(std::lround(extents.ascent));
-    m_descent = static_cast<std::int32_t>(std::lround(extents.descent));
+    OwnedPangoFont first(pango_fontset_get_font(m_faces.get(), 'x'));
+    const bool isNamedFace = IsCalled(first.get(), FaceName(m_record));
+    const cairo_font_extents_t extents = ExtentsOf(FaceOf(std::move(first)).Measuring.get());
+    m_ascent = Rounded(isNamedFace ? extents.ascent : size * UsualAscent);
+    m_descent = Rounded(isNamedFace ? extents.descent : size * UsualDescent);
 }
 
 FontGlyph& CairoFont::Slot(std::string_view character) {

@@ -356,7 +356,8 @@ TEST_F(CairoSurfaceTest, ANegativeHeightIsThatOfTheCharacters) {
 TEST_F(CairoSurfaceTest, APositiveHeightIsThatOfTheLine) {
     for (const std::int32_t height : {12, 20, 33}) {
         m_surface.SelectFont(Font("宋体", height));
-        EXPECT_NEAR(Measure("中国").Height(), height, 1) << height;
+        EXPECT_LE(Measure("中国").Height(), height) << height;
+        EXPECT_GE(Measure("中国").Height(), height - 2) << height;
         EXPECT_LT(Measure("中国").Width(), 2 * height) << height;
     }
 }
@@ -364,6 +365,13 @@ TEST_F(CairoSurfaceTest, APositiveHeightIsThatOfTheLine) {
 TEST_F(CairoSurfaceTest, HeightZeroIsAFontOfUsualSize) {
     m_surface.SelectFont(Font("宋体", 0));
     EXPECT_NEAR(Measure("中国").Height(), 16, 1);
+}
+
+TEST_F(CairoSurfaceTest, AFaceThatStandsInForAMissingOneKeepsLinesAsLowAsCellsAre) {
+    m_surface.SelectFont(Font("没有这种字体", -12));
+    EXPECT_EQ(Measure("中国").Height(), 13);
+    m_surface.SelectFont(Font("WenQuanYi Zen Hei", -12));
+    EXPECT_GE(Measure("中国").Height(), 13);
 }
 
 TEST_F(CairoSurfaceTest, BoldAndItalicAndLinesShow) {
