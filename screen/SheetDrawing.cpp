@@ -48,6 +48,25 @@ Rect CellsWithin(const GridProperties& properties, Rect bounds) {
     return bounds;
 }
 
+void PrepareForText(const DrawingContext& context, Surface& surface) {
+    surface.SetBkColor(context.Host.TranslateColor(context.Store.Properties.BackColor));
+    surface.SetBkMode(BkMode::Transparent);
+}
+
+void DrawLayers(const DrawingContext& context, Surface& surface, const Rect& bounds) {
+    const GridStore& store = context.Store;
+    const Layout& view = context.View;
+    const auto linesOnView = [&store](Axis axis, std::int64_t first, std::int64_t count) {
+        return LinesOnView(store, axis, first, first + count - 1);
+    };
+    const ViewLines rows = linesOnView(Axis::Rows, view.FirstVisibleRow, view.m_visible.Rows);
+    const ViewLines cols = linesOnView(Axis::Cols, view.FirstVisibleCol, view.m_visible.Cols);
+    DrawHeaders(context, surface, rows, cols, bounds);
+    const Rect cells = CellsWithin(store.Properties, bounds);
+    DrawGridLines(context, surface, rows, cols, cells);
+    DrawCells(context, surface, rows, cols, cells);
+}
+
 void DrawMarks(const DrawingContext& context, Surface& surface) {
     InvertSelection(context, surface);
     DrawSelectionFrame(context, surface);
@@ -60,19 +79,8 @@ void DrawMarks(const DrawingContext& context, Surface& surface) {
 }  // namespace
 
 void DrawView(const DrawingContext& context, Surface& surface, const Rect& bounds) {
-    const GridStore& store = context.Store;
-    const Layout& view = context.View;
-    surface.SetBkColor(context.Host.TranslateColor(store.Properties.BackColor));
-    surface.SetBkMode(BkMode::Transparent);
-    const auto linesOnView = [&store](Axis axis, std::int64_t first, std::int64_t count) {
-        return LinesOnView(store, axis, first, first + count - 1);
-    };
-    const ViewLines rows = linesOnView(Axis::Rows, view.FirstVisibleRow, view.m_visible.Rows);
-    const ViewLines cols = linesOnView(Axis::Cols, view.FirstVisibleCol, view.m_visible.Cols);
-    DrawHeaders(context, surface, rows, cols, bounds);
-    const Rect cells = CellsWithin(store.Properties, bounds);
-    DrawGridLines(context, surface, rows, cols, cells);
-    DrawCells(context, surface, rows, cols, cells);
+    PrepareForText(context, surface);
+    DrawLayers(context, surface, bounds);
 }
 
 void OnDraw(const DrawingContext& context, BackgroundImage& image, Surface& surface,
@@ -85,8 +93,9 @@ void OnDraw(const DrawingContext& context, BackgroundImage& image, Surface& surf
         DrawForm(context, image, surface, bounds);
         return;
     }
+    PrepareForText(context, surface);
     PlaceView(context, surface.IsPrinting(), bounds);
-    DrawView(context, surface, bounds);
+    DrawLayers(context, surface, bounds);
     if (!surface.IsPrinting()) {
         DrawMarks(context, surface);
     }
