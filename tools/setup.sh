@@ -6,7 +6,7 @@ PACKAGES_TEST=(clang clang-format clang-tidy libclang-rt-dev git fonts-wqy-zenhe
 PACKAGES_WINDOWS=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools wine64 wine
     xvfb xauth)
 PACKAGES_X86=(debootstrap)
-PACKAGES_BENCH=(qtbase5-dev libwxgtk3.2-dev sqlite3 xz-utils)
+PACKAGES_BENCH=(qtbase5-dev libwxgtk3.2-dev sqlite3 xz-utils xvfb xauth)
 PACKAGES_RUN=(xz-utils)
 PACKAGES_PICTURE=(pango1.0-tools fonts-wqy-zenhei)
 

@@ -5,8 +5,8 @@
 #include "apps/grd/CellAddress.h"
 #include "apps/grd/Commands.h"
 #include "apps/grd/ConsoleOutput.h"
+#include "apps/grd/NoControl.h"
 #include "apps/grd/Trouble.h"
-#include "grid/Selection.h"
 #include "platform/SystemPalette.h"
 #include "screen/LineWalk.h"
 #include "screen/SheetDrawing.h"
@@ -17,32 +17,6 @@ namespace {
 
 // A picture of more pixels would take more than a gigabyte of memory.
 constexpr double MostPixels = 250'000'000;
-
-// The control that a file has none of: no window, no listener, nobody to select.
-class NoControl final : public DrawingHost, public SelectionHost {
-  public:
-    explicit NoControl(const StockProperties& stock) : m_stock(stock) {}
-
-    bool HasWindow() const override { return false; }
-    std::uint32_t GetForeColor() const override { return m_stock.ForeColor; }
-    std::uint32_t AmbientBackColor() const override { return White; }
-    Color TranslateColor(std::uint32_t color) const override { return UsualColor(color); }
-
-    bool HasWindow() override { return false; }
-    void FireCellSelChanging(std::int32_t, std::int32_t, std::int16_t&) override {}
-    void FireCellSelChanged() override {}
-    std::int32_t SendCellSelChange(std::int32_t, std::int32_t) override {
-        return CellSelChangeDone;
-    }
-    void InvalidateActiveRowStrip(std::int32_t) override {}
-    void InvalidateActiveCellAreas(CellPos) override {}
-    void InvalidateHeaderCorner() override {}
-    std::int32_t SaveRecord(std::int32_t, std::int32_t) override { return CellSelChangeDone; }
-    void ShowMessage(std::string_view, std::int32_t) override {}
-
-  private:
-    const StockProperties& m_stock;
-};
 
 // The lines of a range on one axis: those named, or, where the range names none, those that have
 // been in use, or the whole sheet where none has. Never more than the sheet has.
