@@ -48,12 +48,14 @@ Rect CellsWithin(const GridProperties& properties, Rect bounds) {
     return bounds;
 }
 
-void DrawSheet(const DrawingContext& context, Surface& surface, const Rect& bounds) {
+void PrepareForText(const DrawingContext& context, Surface& surface) {
+    surface.SetBkColor(context.Host.TranslateColor(context.Store.Properties.BackColor));
+    surface.SetBkMode(BkMode::Transparent);
+}
+
+void DrawLayers(const DrawingContext& context, Surface& surface, const Rect& bounds) {
     const GridStore& store = context.Store;
     const Layout& view = context.View;
-    surface.SetBkColor(context.Host.TranslateColor(store.Properties.BackColor));
-    surface.SetBkMode(BkMode::Transparent);
-    PlaceView(context, surface.IsPrinting(), bounds);
     const auto linesOnView = [&store](Axis axis, std::int64_t first, std::int64_t count) {
         return LinesOnView(store, axis, first, first + count - 1);
     };
@@ -76,6 +78,11 @@ void DrawMarks(const DrawingContext& context, Surface& surface) {
 
 }  // namespace
 
+void DrawView(const DrawingContext& context, Surface& surface, const Rect& bounds) {
+    PrepareForText(context, surface);
+    DrawLayers(context, surface, bounds);
+}
+
 void OnDraw(const DrawingContext& context, BackgroundImage& image, Surface& surface,
             const Rect& bounds, const Rect& /*invalid*/) {
     context.View.m_rcClient = bounds;
@@ -86,7 +93,9 @@ void OnDraw(const DrawingContext& context, BackgroundImage& image, Surface& surf
         DrawForm(context, image, surface, bounds);
         return;
     }
-    DrawSheet(context, surface, bounds);
+    PrepareForText(context, surface);
+    PlaceView(context, surface.IsPrinting(), bounds);
+    DrawLayers(context, surface, bounds);
     if (!surface.IsPrinting()) {
         DrawMarks(context, surface);
     }

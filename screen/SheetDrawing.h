@@ -6,6 +6,11 @@
 
 namespace veygrid {
 
+// Draws headers, grid lines and cells as the layout has the view: its rectangle, which is the
+// bounds, its first row and column and the counts of what fits. Marks of the selection are left
+// out.
+void DrawView(const DrawingContext& context, Surface& surface, const Rect& bounds);
+
 // Draws the control into the bounds, the whole view whatever part of it is invalid, and lays the
 // sheet out in them. One routine for screen, metafile and paper; on paper the view stands at column
 // 1 and the first row of the current page afterwards.

@@ -1,21 +1,10 @@
 // The colours of the system that the sheet is drawn in.
 #pragma once
 
-#include <cstdint>
-
 #include "platform/Geometry.h"
+#include "platform/SystemPalette.h"
 
 namespace veygrid {
-
-// Numbers of GetSysColor.
-enum SysColorIndex : std::int32_t {
-    ColorBackground = 1,
-    ColorActiveCaption = 2,
-    ColorBtnFace = 15,
-    ColorBtnShadow = 16,
-    ColorBtnHighlight = 20,
-    Color3dDkShadow = 21,
-};
 
 // Read once, when the control is made; a later change of the system's scheme is not followed.
 struct SystemColors {

@@ -22,6 +22,7 @@ constexpr const char* MainFooter = R"(Examples:
   grd cells sales.grd --as csv            its cells, for other programs
   grd set sales.grd R2C3=12.50            write a cell
   grd diff old.grd new.grd                what changed
+  grd render sales.grd -o sales.png       a picture of the sheet
 
 Exit codes: 0 success; 1 trouble with a file, or the files of diff differ; 2 wrong arguments, or
 trouble with a file of diff.
@@ -89,6 +90,17 @@ Examples:
   grd get sales.grd R2C3
   grd get sales.grd R2C3 R2C4 --shown)";
 
+constexpr const char* RenderFooter =
+    R"(The picture shows the sheet as the control prints it: headers, grid lines, fonts, colours and shown
+texts, without a selection. Without --range it begins at the first cell and ends with the last row
+and column that have been in use. A side has at most 32767 pixels (19200 in a pdf).
+
+Examples:
+  grd render sales.grd -o sales.png
+  grd render sales.grd -o page.pdf --range R1C1:R40C8
+  grd render sales.grd -o large.png --range R1:R20 --scale 2
+  grd render sales.grd -o - --format svg | gzip > sales.svgz)";
+
 std::string Quoted(const std::string& text) {
     return "'" + text + "'";
 }
@@ -128,6 +140,12 @@ constexpr std::array<std::pair<std::string_view, std::optional<ColumnType>>, 5> 
     {"auto", std::nullopt},
 }};
 
+constexpr std::array<std::pair<std::string_view, PictureForm>, 3> PictureForms{{
+    {"png", PictureForm::Png},
+    {"pdf", PictureForm::Pdf},
+    {"svg", PictureForm::Svg},
+}};
+
 std::vector<std::optional<ColumnType>> TypesFromText(const std::string& text) {
     std::vector<std::optional<ColumnType>> types;
     for (const std::string& given : CLI::detail::split(text, ',')) {
@@ -148,6 +166,26 @@ CellPos CellFromText(const std::string& text) {
         throw UsageTrouble(Quoted(text) + " is no cell; write R2C3 for row 2, column 3");
     }
     return *cell;
+}
+
+CellRange RangeFromText(const std::string& text) {
+    const auto range = ParseRange(text);
+    if (!range) {
+        throw UsageTrouble("--range: " + Quoted(text) +
+                           " is no range; write R1C1:R9C4, R3:R7 or C2");
+    }
+    return *range;
+}
+
+// The form that the name of a file ends in.
+PictureForm FormOfName(const std::string& name) {
+    for (const auto& [ending, form] : PictureForms) {
+        if (EndsWithNoCase(name, "." + std::string(ending))) {
+            return form;
+        }
+    }
+    throw UsageTrouble("--output: " + Quoted(name) +
+                       " ends in none of .png, .pdf, .svg; --format tells which it is to be");
 }
 
 std::pair<CellPos, std::string> AssignmentFromText(const std::string& text) {
@@ -215,11 +253,7 @@ class CellsDeclaration : public CommandDeclaration {
         m_options.header = !m_noHeader;
         m_options.form = ByName(CellForms, "--as", m_form);
         if (App->count("--range") != 0) {
-            m_options.range = ParseRange(m_range);
-            if (!m_options.range) {
-                throw UsageTrouble("--range: " + Quoted(m_range) +
-                                   " is no range; write R1C1:R9C4, R3:R7 or C2");
-            }
+            m_options.range = RangeFromText(m_range);
         }
         return m_options;
     }
@@ -346,6 +380,49 @@ class GetDeclaration : public CommandDeclaration {
     std::vector<std::string> m_cells;
 };
 
+class RenderDeclaration : public CommandDeclaration {
+  public:
+    explicit RenderDeclaration(CLI::App& main)
+        : CommandDeclaration(main, "render", "Draw the sheet as a picture or a page",
+                             RenderFooter) {
+        AddFile(m_options.file, "The grid file");
+        App->add_option("-o,--output", m_output, "File to write; - is the standard output")
+            ->required()
+            ->type_name("OUT");
+        App->add_option("--format", m_form, "png, pdf or svg (default: what OUT ends in)")
+            ->type_name("FORM");
+        App->add_option("--range", m_range, "R1C1:R9C4, R3:R7 or C2 (default: all that is in use)")
+            ->type_name("RANGE");
+        App->add_option("--scale", m_options.scale, "Enlarge it, 0.25 to 8 times (default: 1)")
+            ->type_name("N");
+    }
+    Command Finish() override {
+        const bool named = App->count("--format") != 0;
+        const bool toStandardOutput = m_output == "-";
+        if (toStandardOutput && !named) {
+            throw UsageTrouble("--output: the standard output has no name to tell the --format by");
+        }
+        m_options.form = named ? ByName(PictureForms, "--format", m_form) : FormOfName(m_output);
+        m_options.output = toStandardOutput ? "" : m_output;
+        if (App->count("--range") != 0) {
+            m_options.range = RangeFromText(m_range);
+        }
+        if (!(m_options.scale >= LeastScale && m_options.scale <= MostScale)) {
+            throw UsageTrouble("--scale: not between 0.25 and 8");
+        }
+        return m_options;
+    }
+
+  private:
+    static constexpr double LeastScale = 0.25;
+    static constexpr double MostScale = 8;
+
+    RenderOptions m_options;
+    std::string m_output;
+    std::string m_form;
+    std::string m_range;
+};
+
 // The words of the help that the library has other ones for.
 constexpr std::array<std::pair<const char*, const char*>, 3> Labels{{
     {"Positionals", "Arguments"},
@@ -374,6 +451,7 @@ class Declaration {
         Add<DiffDeclaration>();
         Add<SetDeclaration>();
         Add<GetDeclaration>();
+        Add<RenderDeclaration>();
     }
 
     Command Parse(std::vector<std::string> arguments) {

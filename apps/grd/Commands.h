@@ -16,5 +16,6 @@ int RunCommand(Session& session, const CheckOptions& options);
 int RunCommand(Session& session, const DiffOptions& options);
 int RunCommand(Session& session, const SetOptions& options);
 int RunCommand(Session& session, const GetOptions& options);
+int RunCommand(Session& session, const RenderOptions& options);
 
 }  // namespace veygrid

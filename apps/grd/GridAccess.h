@@ -13,6 +13,7 @@
 #include "grid/GridStore.h"
 #include "persist/FileSystem.h"
 #include "persist/GridFile.h"
+#include "platform/Picture.h"
 
 namespace veygrid {
 
@@ -29,12 +30,15 @@ struct Grid {
 // ending itself: to give a large sheet back piece by piece takes longer than to read it.
 class Session {
   public:
-    Session(Console& console, FileSystem& files) : Terminal(console), Files(files) {}
+    // Without a maker of pictures where there is none.
+    Session(Console& console, FileSystem& files, PictureMaker* pictures = nullptr)
+        : Terminal(console), Files(files), Pictures(pictures) {}
 
     Grid& NewGrid();
 
     Console& Terminal;
     FileSystem& Files;
+    PictureMaker* Pictures;
 
   private:
     std::vector<std::unique_ptr<Grid>> m_grids;

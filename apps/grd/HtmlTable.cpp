@@ -6,6 +6,7 @@
 
 #include "apps/grd/CellText.h"
 #include "apps/grd/CellWriters.h"
+#include "platform/SystemPalette.h"
 #include "valuetext/CodePage936.h"
 
 namespace veygrid {
@@ -33,31 +34,9 @@ void AppendHtml(std::string& out, std::string_view utf8) {
     }
 }
 
-// The usual look of the system colours that sheets name, by index; the window's white for others.
-std::uint32_t SystemColor(std::uint32_t index) {
-    switch (index) {
-        case 8:   // text in a window
-        case 18:  // text on a button
-        case 6:   // a window's frame
-            return 0x000000;
-        case 15:  // the face of a button
-        case 4:   // a menu
-            return 0xC0C0C0;
-        case 16:  // the shadow of a button
-        case 17:  // text that is greyed
-            return 0x808080;
-        case 13:  // what is selected
-            return 0x800000;
-        default:
-            return 0xFFFFFF;
-    }
-}
-
 // From 0x00BBGGRR, or a system colour with the top bit set, to "#rrggbb".
 std::string CssColor(std::uint32_t color) {
-    if ((color & 0x80000000U) != 0) {
-        color = SystemColor(color & 0xFFU);
-    }
+    color = UsualColor(color);
     std::array<char, 8> text{};
     std::snprintf(text.data(), text.size(), "#%02x%02x%02x", color & 0xFFU, color >> 8U & 0xFFU,
                   color >> 16U & 0xFFU);

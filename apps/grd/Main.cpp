@@ -3,13 +3,15 @@
 
 #include "apps/grd/GrdMain.h"
 #include "apps/grd/Interrupt.h"
+#include "apps/grd/Pictures.h"
 #include "platform/FileSystem.h"
 
 int main(int count, char** arguments) {
     veygrid::CatchInterrupts();
     const auto console = veygrid::OpenConsole();
     const auto files = veygrid::MakeFileSystem();
-    veygrid::Session session(*console, *files);
+    const auto pictures = veygrid::OpenPictures();
+    veygrid::Session session(*console, *files, pictures.get());
     const int code = veygrid::GrdMain(session, veygrid::ArgumentsInUtf8(count, arguments));
     // Everything is written and closed; the sheet in memory goes with the process.
     std::_Exit(code);

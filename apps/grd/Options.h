@@ -10,6 +10,7 @@
 #include "grid/CellPos.h"
 #include "grid/CellRange.h"
 #include "grid/GridStore.h"
+#include "platform/Picture.h"
 
 namespace veygrid {
 
@@ -69,12 +70,20 @@ struct GetOptions {
     bool shown = false;
 };
 
+struct RenderOptions {
+    std::string file;
+    std::string output;  // empty: the standard output
+    PictureForm form = PictureForm::Png;
+    std::optional<CellRange> range;  // nothing: all that has been in use
+    double scale = 1;
+};
+
 // A text that answers the call by itself: help or version.
 struct AnswerText {
     std::string text;
 };
 
 using Command = std::variant<AnswerText, InfoOptions, CellsOptions, ImportOptions, CheckOptions,
-                             DiffOptions, SetOptions, GetOptions>;
+                             DiffOptions, SetOptions, GetOptions, RenderOptions>;
 
 }  // namespace veygrid

@@ -167,8 +167,8 @@ TEST_F(CellWritersTest, HtmlIsAPageThatLooksLikeTheSheet) {
 <style>
 table{border-collapse:collapse;font:12px sans-serif;background:#ffffff}
 td,th{padding:1px 4px;text-align:left;vertical-align:top;white-space:pre}
-td{border-top:1px solid #c0c0c0;border-bottom:1px solid #c0c0c0}
-td{border-left:1px solid #c0c0c0;border-right:1px solid #c0c0c0}
+td{border-top:1px solid #d4d0c8;border-bottom:1px solid #d4d0c8}
+td{border-left:1px solid #d4d0c8;border-right:1px solid #d4d0c8}
 th{background:#e0e0e0;border:1px solid #a0a0a0;font-weight:normal;text-align:center}
 td.r{text-align:right}
 td.c{text-align:center}

@@ -30,10 +30,11 @@ class RecordingConsole : public Console {
         Out += utf8;
     }
     void WriteError(std::string_view utf8) override { Error += utf8; }
-    bool OutIsTerminal() override { return false; }
+    bool OutIsTerminal() override { return IsTerminal; }
     std::ostream* ProgressStream() override { return nullptr; }
 
     bool Closed = false;
+    bool IsTerminal = false;
     std::string Out;
     std::string Error;
 };
@@ -79,7 +80,7 @@ class Tool {
     int Run(const std::vector<std::string>& arguments) {
         Terminal.Out.clear();
         Terminal.Error.clear();
-        Session session(Terminal, Files);
+        Session session(Terminal, Files, Pictures);
         return GrdMain(session, arguments);
     }
     // The standard output of a call.
@@ -99,6 +100,7 @@ class Tool {
 
     RecordingConsole Terminal;
     MemoryFiles Files;
+    PictureMaker* Pictures = nullptr;
 };
 
 // A grid with something in every part.

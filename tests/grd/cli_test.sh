@@ -128,9 +128,24 @@ expect 'set in place' 0 '' "$grd" set 表.grd R3C2=三 'R5C1=a b'
 expect 'set in place is set' 0 '' "$grd" diff 表.grd 新.grd
 mv 原.grd 表.grd
 
+for form in png pdf svg; do
+    expect "render $form" 0 '' "$grd" render 表.grd -o "画.$form"
+    same "render $form" out <<<"画.$form: 310 x 74 pixels"
+done
+for begin in png:89504e47 pdf:25504446 svg:3c3f786d; do
+    [ "$(head -c 4 "画.${begin%:*}" | od -An -tx1 | tr -d ' ')" = "${begin#*:}" ] ||
+        fail "render: 画.${begin%:*} is none"
+done
+expect 'render twice as large' 0 '' "$grd" render 表.grd -o 画.png --range R1C2:R2C3 --scale 2
+same 'render twice as large' out <<<'画.png: 454 x 112 pixels'
+expect 'render to the standard output' 0 '' "$grd" render 表.grd -o - --format png
+cp out 画2.png
+expect 'render to a file is the same' 0 '' "$grd" render 表.grd -o 画.png
+cmp -s 画.png 画2.png || fail 'render to the standard output: another picture'
+rm 画*
 expect 'help' 0 '' "$grd" --help
 grep -q '^Examples:' out || fail 'help: no examples'
-for command in info cells import check diff set get; do
+for command in info cells import check diff set get render; do
     expect "help of $command" 0 '' "$grd" $command --help
     grep -q "^  grd $command" out || fail "help of $command: no example"
 done
@@ -178,6 +193,12 @@ refuse 'import onto itself' 2 'grd: import: ./表.csv cannot be read and written
     "$grd" import 表.csv -o ./表.csv
 refuse 'cells onto itself' 2 'grd: cells: ./表.grd cannot be read and written at once' \
     "$grd" cells 表.grd --as csv -o ./表.grd
+refuse 'render onto itself' 2 'grd: render: ./表.grd cannot be read and written at once' \
+    "$grd" render 表.grd -o ./表.grd --format png
+refuse 'unknown ending' 2 "grd: render: --output: 'x.gif' ends in none of .png, .pdf, .svg*" \
+    "$grd" render 表.grd -o x.gif
+refuse 'render outside of the sheet' 1 'grd: 表.grd: there is nothing to draw*' \
+    "$grd" render 表.grd -o x.png --range R9
 refuse 'missing file' 1 'grd: 没有.grd: no such file' "$grd" info 没有.grd
 refuse 'missing file of diff' 2 'grd: 没有.grd: no such file' "$grd" diff 表.grd 没有.grd
 refuse 'folder as file' 1 'grd: folder: is a folder' "$grd" check folder
@@ -201,6 +222,10 @@ refuse 'missing folder' 1 'grd: nowhere/x.grd: there is no such folder' \
 refuse 'folder as output' 1 'grd: folder: is a folder' "$grd" import 表.csv -o folder
 refuse 'full device' 1 'grd: /dev/full: writing failed at byte 0: No space left on device' \
     "$grd" import 表.csv -o /dev/full
+for form in png pdf svg; do
+    refuse "full device for render $form" 1 'grd: /dev/full: writing failed *' \
+        "$grd" render 表.grd -o /dev/full --format $form
+done
 refuse 'full device for cells' 1 'grd: /dev/full: writing failed *' "$grd" cells 表.grd -o /dev/full
 expect 'rare character replaced' 0 'grd: rare.csv: ? stands for 1 character*' \
     "$grd" import rare.csv -o rare.grd --replace -q
@@ -224,8 +249,10 @@ done
 grep -qx 'grd: standard output: Bad file descriptor' err || fail "closed output: $(cat err)"
 seq 300000 >long.csv
 "$grd" import long.csv -o long.grd -q
-for form in text csv json html; do
-    { "$grd" cells long.grd --as $form 2>err; echo $? >code; } | head -1 >/dev/null
+for command in 'cells --as text' 'cells --as csv' 'cells --as json' 'cells --as html' \
+    'render --range R1:R1000 -o - --format svg'; do
+    # shellcheck disable=SC2086
+    { "$grd" $command long.grd 2>err; echo $? >code; } | head -1 >/dev/null
     [ -s err ] && fail "pipe that ends early: $(cat err)"
     [ "$(cat code)" = 0 ] || fail "pipe that ends early: exit code $(cat code)"
 done
