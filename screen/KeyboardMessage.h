@@ -32,7 +32,7 @@ struct KeyboardMessage {
     std::int32_t keyData = 0;
     // Of WM_CHAR and WM_IME_CHAR: the character in code page 936, one or two bytes, or one byte of
     // two where they come one by one. Empty for a character that the code page lacks.
-    std::string text;
+    std::string text{};
 };
 
 // Text of a message that carries a UTF-16 unit. Half of a surrogate pair is no character of the

@@ -17,16 +17,15 @@ struct MouseSelect::Region {
     bool hasCols;
 };
 
-const MouseSelect::Region* MouseSelect::RegionOf(HitCode hit) {
+const MouseSelect::Region& MouseSelect::RegionOf(HitCode hit) {
     static constexpr std::array<Region, 4> Regions{{
         {HitCode::HitCorner, MouseState::MouseSelectAll, false, false},
         {HitCode::HitColHeader, MouseState::MouseSelectCols, false, true},
         {HitCode::HitRowHeader, MouseState::MouseSelectRows, true, false},
         {HitCode::HitCell, MouseState::MouseSelectCells, true, true},
     }};
-    const auto* const found = std::find_if(
-        Regions.begin(), Regions.end(), [hit](const Region& region) { return region.hit == hit; });
-    return found == Regions.end() ? nullptr : found;
+    return *std::find_if(Regions.begin(), Regions.end() - 1,
+                         [hit](const Region& region) { return region.hit == hit; });
 }
 
 CellRange MouseSelect::RangeOf(const Region& region, CellPos from, CellPos to) {
@@ -47,7 +46,7 @@ CellRange MouseSelect::RangeOf(const Region& region, CellPos from, CellPos to) {
 
 void MouseSelect::Press(HitCode hit, CellPos cell, std::uint32_t flags) {
     if (m_parts.store.Properties.AllowSelections) {
-        const Region& region = *RegionOf(hit);
+        const Region& region = RegionOf(hit);
         m_track.m_nMouseState = region.state;
         Select(region, cell, flags);
     }

@@ -24,7 +24,7 @@ class MouseSelect {
 
   private:
     struct Region;
-    static const Region* RegionOf(HitCode hit);
+    static const Region& RegionOf(HitCode hit);
     static CellRange RangeOf(const Region& region, CellPos from, CellPos to);
 
     void Select(const Region& region, CellPos cell, std::uint32_t flags);
