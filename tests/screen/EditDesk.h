@@ -191,7 +191,7 @@ class EditDesk : public SheetRecorder,
         Call(DeskEvent::Modified);
     }
     void FireCellSelChanging(std::int32_t row, std::int32_t col, std::int16_t& allow) override {
-        Tell("CellSelChanging " + Text(CellPos{row, col}));
+        Tell("CellSelChanging " + Text(CellPos{row, col}) + " " + std::to_string(allow));
         allow = allowChange;
         Call(DeskEvent::CellSelChanging);
     }
