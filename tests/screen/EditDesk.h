@@ -418,7 +418,7 @@ class EditedSheet {
         const bool atEditor =
             road == MessageRoad::ToEditor ||
             (road == MessageRoad::GoOn && message.target == MessageTarget::Editor);
-        if (atEditor && desk.editorExists && message.number != WmKeyDown) {
+        if (atEditor && desk.editorExists && !message.text.empty()) {
             edit.Type(message.text);
         }
         return road;
