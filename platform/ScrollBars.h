@@ -9,6 +9,19 @@ namespace veygrid {
 
 enum class ScrollBar : std::int32_t { Horz = 0, Vert = 1, Both = 3 };
 
+// Requests of the two scroll messages; left and right for the horizontal bar.
+enum class ScrollRequest : std::int32_t {
+    LineUp = 0,
+    LineDown = 1,
+    PageUp = 2,
+    PageDown = 3,
+    ThumbPosition = 4,
+    ThumbTrack = 5,
+    Top = 6,
+    Bottom = 7,
+    EndScroll = 8,
+};
+
 struct ScrollRange {
     std::int32_t min = 0;
     std::int32_t max = 0;

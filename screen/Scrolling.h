@@ -32,19 +32,6 @@ class ScrollingHost {
     virtual void MoveFormWindows(std::int32_t dx, std::int32_t dy) = 0;
 };
 
-// Requests of the two scroll messages; left and right for the horizontal bar.
-enum class ScrollRequest : std::int32_t {
-    LineUp = 0,
-    LineDown = 1,
-    PageUp = 2,
-    PageDown = 3,
-    ThumbPosition = 4,
-    ThumbTrack = 5,
-    Top = 6,
-    Bottom = 7,
-    EndScroll = 8,
-};
-
 class Scrolling {
   public:
     // The bars' ranges end here, however long the sheet is; a thumb position is a share of it then.

@@ -83,9 +83,10 @@ class SheetRecorder : public StoreWatcher, public SelectionHost, public RowColum
         Add("RunQuery " + std::to_string(getAllRecords));
     }
 
-  private:
+  protected:
     void Add(std::string line) { m_lines.push_back(std::move(line)); }
 
+  private:
     Lines m_lines;
 };
 
