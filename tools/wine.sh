@@ -3,9 +3,12 @@
 
 export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=${WINEDLLOVERRIDES-mscoree,mshtml=}
 
-# Without a window manager, Wine waits two seconds for one whenever a window goes away.
+# Without a window manager, Wine waits two seconds for one whenever a window goes away. File dialogs
+# begin in the folder of their last use, which may be another tree's.
 prepare_wine() {
     wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
+    wine reg delete 'HKCU\Software\Microsoft\Windows\CurrentVersion\Explorer\ComDlg32\LastVisitedMRU' \
+        /f >/dev/null 2>&1
 }
 
 # Takes VeyGrid's own prefix, and makes it where there is none.
