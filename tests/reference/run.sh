@@ -31,7 +31,8 @@ judge() {
 }
 
 pages() {
-    judge "the pages can be made" "$(REFERENCE=$reference tools/reference/make "$work" 2>&1)"
+    REFERENCE=$reference tools/reference/make "$work" >"$work/make.out" 2>&1
+    judge "the pages can be made" "$(cat "$work/make.out")"
     local page
     for page in automation.md automation.zh.md; do
         judge "docs/$page is up to date (tools/reference/make)" \
@@ -41,10 +42,10 @@ pages() {
 
 # refused TITLE WORDS TEXT: the program refuses those words and says so with that text.
 refused() {
-    if answer=$(wine "$reference" "$2" "$work/none.md" "$work/none.zh.md" 2>&1); then
+    if wine "$reference" "$2" "$work/none.md" "$work/none.zh.md" >"$work/refused" 2>&1; then
         judge "$1" "it was accepted"
     else
-        judge "$1" "$(grep -qF -- "$3" <<<"$answer" || printf 'it said: %s\n' "$answer")"
+        judge "$1" "$(grep -qF -- "$3" "$work/refused" || cat "$work/refused")"
     fi
 }
 refusals() {
@@ -79,7 +80,11 @@ defaults() {
     judge "defaults of fresh objects" "$(play defaults.vbs)"
 }
 
-play() { (cd "$work" && timeout 60 wine "$host" /script "$1" 2>&1 </dev/null | tr -d '\r'); }
+# play SCRIPT: what it logs. Through a file: what Wine keeps running would hold on to a pipe.
+play() {
+    (cd "$work" && timeout 60 wine "$host" /script "$1" >"$1.out" 2>&1 </dev/null)
+    tr -d '\r' <"$work/$1.out"
+}
 
 # example NAME: the example of a member, as the prose has it.
 example() {
@@ -113,7 +118,6 @@ run_example() {
 [ -f "$host" ] || { echo "run.sh: no $host"; exit 1; }
 rm -rf "$work"
 mkdir -p "$work"
-# It also starts what Wine keeps running, which would hold on to a pipe.
 prepare_wine
 if [ $# -gt 0 ]; then
     names=("$@")

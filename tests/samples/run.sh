@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Tests the samples: the voucher's script runs in VeyHost, and grd reads from the file what belongs there.
+# Tests the samples and the README's first script: they run in VeyHost, and grd reads from their files
+# what belongs there.
 # usage: tests/samples/run.sh     WINEPREFIX is taken from the environment.
 #        GRD: the tool, build/native/grd by default; VEYHOST: the host, as samples/make takes it.
 set -uo pipefail
@@ -21,7 +22,9 @@ failed=0
 equal() {
     local title=$1 expected=$2 difference
     shift 2
-    if difference=$(diff "$expected" <("$@" 2>&1)); then
+    # Through a file: what Wine keeps running would hold on to a pipe.
+    "$@" >build/samples/seen 2>&1
+    if difference=$(diff "$expected" <(tr -d '\r' <build/samples/seen)); then
         passed=$((passed + 1))
     else
         failed=$((failed + 1))
@@ -29,6 +32,11 @@ equal() {
     fi
 }
 
+first_script() (
+    cd build/samples && wine "${VEYHOST:-$root/build/win64/VeyHost.exe}" /script first.vbs
+)
+
+mkdir -p build/samples
 prepare_wine
 rm -f "$file"
 equal "the voucher's script is silent" /dev/null samples/make
@@ -43,5 +51,14 @@ else
     failed=$((failed + 1))
     echo "FAILED  the size of the voucher's picture"
 fi
+# The script that each README begins with, run as a reader would.
+for page in README.md README.zh.md; do
+    awk '/^```vb$/ { on = 1; next } /^```$/ { on = 0 } on' "$page" >build/samples/first.vbs
+    sed -nE "s/^.*  ' (.*)\$/\\1/p" build/samples/first.vbs >build/samples/first.expected
+    rm -f build/samples/first.grd
+    equal "the first script of $page" build/samples/first.expected first_script
+    equal "what the first script of $page saved" tests/samples/first.check \
+        "$grd" check build/samples/first.grd
+done
 printf '%d passed, %d failed\n' "$passed" "$failed"
 [ "$failed" = 0 ]

@@ -32,13 +32,14 @@ struct Language {
     std::string optional;
     std::string unlisted;
     std::string ambient;
+    std::string comma;
 };
 
 const Language English{
-    "en",    "property",        "indexed property",        "method",          "event", "default",
-    "write", "may be left out", "not in the type library", "as the host says"};
-const Language Chinese{"zh",     "属性",     "带下标的属性", "方法",         "事件",
-                       "默认值", "写入方式", "可省略",       "不在类型库中", "由宿主决定"};
+    "en",    "property",        "indexed property",        "method",           "event", "default",
+    "write", "may be left out", "not in the type library", "as the host says", ", "};
+const Language Chinese{"zh",       "属性",   "带下标的属性", "方法",       "事件", "默认值",
+                       "写入方式", "可省略", "不在类型库中", "由宿主决定", "，"};
 
 // One member as the page shows it.
 struct Entry {
@@ -183,6 +184,7 @@ class Page {
     std::string Write(const std::vector<Chapter>& chapters) {
         Passage("Page.Head");
         for (const Chapter& chapter : chapters) {
+            m_text += "\n";
             Passage(PassageOf(chapter));
             Contents(chapter);
         }
@@ -212,7 +214,7 @@ class Page {
             m_text += separator + ("[`" + entry.name + "`](#" + Anchor(entry) + ")");
             separator = " ·\n";
         }
-        m_text += "\n\n";
+        m_text += "\n";
     }
     static std::string Anchor(const Entry& entry) {
         std::string anchor;
@@ -229,19 +231,19 @@ class Page {
     void Member(const Entry& entry) {
         const Words& words = m_prose.at(entry.words);
         m_text += "\n### <a id=\"" + Anchor(entry) + "\"></a>" + entry.name + "\n\n`" +
-                  entry.declaration + "`  \nDISPID " + std::to_string(entry.id) + ", " +
+                  entry.declaration + "`  \nDISPID " + std::to_string(entry.id) + m_language.comma +
                   KindName(entry);
         if (entry.HasDefault() && words.at("default") != "none") {
-            m_text += ", " + m_language.def + " " + Default(words.at("default"));
+            m_text += m_language.comma + m_language.def + " " + Default(words.at("default"));
         }
         if (entry.kind == Entry::Kind::Property && entry.write != '-') {
-            m_text += ", " + m_language.write + " " + entry.write;
+            m_text += m_language.comma + m_language.write + " " + entry.write;
         }
         if (!entry.optional.empty()) {
-            m_text += ", `" + entry.optional + "` " + m_language.optional;
+            m_text += m_language.comma + "`" + entry.optional + "` " + m_language.optional;
         }
         if (!entry.listed) {
-            m_text += ", " + m_language.unlisted;
+            m_text += m_language.comma + m_language.unlisted;
         }
         m_text +=
             "\n\n" + words.at(m_language.key) + "\n\n```vb\n" + words.at("example") + "\n```\n";
