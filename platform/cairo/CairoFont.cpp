@@ -114,6 +114,14 @@ CairoFont::CairoFont(PangoContext* context, const LogFont& record, TextLook look
         size = std::max(1.0, size - std::max(1, (Height() - cellHeight) / 2));
         LoadFaces(context, size);
     }
+    if (record.lfWidth != 0) {
+        constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyz";
+        const double average = WidthOf(letters, *this) / static_cast<double>(letters.size());
+        m_stretch = std::min(std::abs(static_cast<double>(record.lfWidth)), MostSize) /
+                    std::max(average, 1.0);
+        m_fonts.clear();
+        m_pages = {};
+    }
 }
 
 void CairoFont::LoadFaces(PangoContext* context, double size) {
@@ -152,6 +160,9 @@ const CairoFont::Face& CairoFont::FaceOf(OwnedPangoFont font) {
 OwnedScaledFont CairoFont::MakeScaled(cairo_scaled_font_t* loaded, double angle) const {
     cairo_matrix_t size;
     cairo_scaled_font_get_font_matrix(loaded, &size);
+    cairo_matrix_t stretch;
+    cairo_matrix_init_scale(&stretch, m_stretch, 1);
+    cairo_matrix_multiply(&size, &size, &stretch);
     cairo_matrix_t turn;
     cairo_matrix_init_rotate(&turn, -angle);
     cairo_matrix_multiply(&size, &size, &turn);

@@ -84,6 +84,7 @@ class CairoFont final : public CharacterWidths {
     LogFont m_record;
     TextLook m_look;
     double m_angle;
+    double m_stretch = 1;
     OwnedFontset m_faces;
     std::map<PangoFont*, Face> m_fonts;
     std::int32_t m_ascent = 0;

@@ -367,6 +367,18 @@ TEST_F(CairoSurfaceTest, HeightZeroIsAFontOfUsualSize) {
     EXPECT_NEAR(Measure("中国").Height(), 16, 1);
 }
 
+TEST_F(CairoSurfaceTest, AWidthStretchesTheCharacters) {
+    LogFont font = Font("宋体", -20);
+    m_surface.SelectFont(font);
+    const Rect plain = Measure("abcxyz");
+    font.lfWidth = 20;
+    m_surface.SelectFont(font);
+    const Rect wide = Measure("abcxyz");
+    EXPECT_EQ(wide.Height(), plain.Height());
+    EXPECT_NEAR(wide.Width(), 6 * 20, 12);
+    EXPECT_GT(InkOf("国", Whole).Width(), 25);
+}
+
 TEST_F(CairoSurfaceTest, AFaceThatStandsInForAMissingOneKeepsLinesAsLowAsCellsAre) {
     m_surface.SelectFont(Font("没有这种字体", -12));
     EXPECT_EQ(Measure("中国").Height(), 13);
@@ -415,6 +427,7 @@ TEST_F(CairoSurfaceTest, ATurnedFontTurnsTheTextAroundItsCorner) {
 TEST_F(CairoSurfaceTest, FontsOfAnyNumbersAndNamesAreDrawn) {
     LogFont font = Font("没有这种字体", INT_MIN, INT_MAX);
     font.lfEscapement = INT_MIN;
+    font.lfWidth = INT_MIN;
     m_surface.SelectFont(font);
     Draw("a", Whole);
     font = Font("@宋体,x", INT_MAX, INT_MIN);
