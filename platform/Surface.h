@@ -9,6 +9,9 @@
 #include "grid/LogFont.h"
 #include "platform/Geometry.h"
 
+// The system's headers make this name a macro.
+#undef DrawText
+
 namespace veygrid {
 
 // Format bits of DrawText.

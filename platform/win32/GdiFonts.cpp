@@ -1,7 +1,8 @@
-// The fonts that cells name by records, each made once.
+// Fonts made from records, those of cells each made once.
 #include "platform/win32/GdiFonts.h"
 
 #include <algorithm>
+#include <cstring>
 #include <string>
 
 #include "valuetext/CodePage936.h"
@@ -32,7 +33,50 @@ LOGFONTW WideRecord(const LogFont& record) {
     return wide;
 }
 
+// Best first. The second is made for small sizes, as the first is.
+constexpr const wchar_t* StandIns[] = {L"SimSun", L"WenQuanYi Zen Hei Sharp", L"Microsoft YaHei",
+                                       L"Noto Sans CJK SC", L"WenQuanYi Zen Hei"};
+
+bool IsInstalled(const wchar_t* face) {
+    LOGFONTW wanted{};
+    wanted.lfCharSet = DEFAULT_CHARSET;
+    ::lstrcpynW(wanted.lfFaceName, face, LF_FACESIZE);
+    const auto found = [](const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM) { return 0; };
+    const MemoryDc screen(nullptr);
+    return ::EnumFontFamiliesExW(screen.Get(), &wanted, found, 0, 0) == 0;
+}
+
+bool IsChinese(const LOGFONTW& record) {
+    return record.lfCharSet == GB2312_CHARSET ||
+           std::ranges::any_of(record.lfFaceName, [](wchar_t c) { return c >= 0x80; });
+}
+
+// The first that is installed; null when none is. Asked once.
+const wchar_t* StandIn() {
+    static const auto* const face = std::ranges::find_if(StandIns, IsInstalled);
+    return face == std::end(StandIns) ? nullptr : *face;
+}
+
 }  // namespace
+
+OwnedFont MakeFont(LOGFONTW record) {
+    if (IsChinese(record) && StandIn() != nullptr && !IsInstalled(record.lfFaceName)) {
+        ::lstrcpynW(record.lfFaceName, StandIn(), LF_FACESIZE);
+    }
+    return OwnedFont(::CreateFontIndirectW(&record));
+}
+
+HFONT StockFont::LikeFont(HFONT described) {
+    LOGFONTW record{};
+    if (described == nullptr || ::GetObjectW(described, sizeof record, &record) == 0) {
+        return nullptr;
+    }
+    if (m_font.Get() == nullptr || std::memcmp(&record, &m_record, sizeof record) != 0) {
+        m_record = record;
+        m_font = MakeFont(record);
+    }
+    return m_font.Get();
+}
 
 HFONT GdiFonts::Find(const LogFont& record) const {
     const auto found =
@@ -41,8 +85,7 @@ HFONT GdiFonts::Find(const LogFont& record) const {
 }
 
 HFONT GdiFonts::Make(const LogFont& record) {
-    const LOGFONTW wide = WideRecord(record);
-    OwnedFont font(::CreateFontIndirectW(&wide));
+    OwnedFont font = MakeFont(WideRecord(record));
     if (font.Get() == nullptr) {
         return nullptr;
     }

@@ -1,4 +1,4 @@
-// The fonts that cells name by records, each made once.
+// Fonts made from records, those of cells each made once.
 #pragma once
 
 #include <cstddef>
@@ -8,6 +8,21 @@
 #include "platform/win32/GdiHandles.h"
 
 namespace veygrid {
+
+// Where a Chinese face is not installed, one that shows Chinese well in small sizes stands in for
+// it, in place of the system's choice. Null when the system makes no font.
+OwnedFont MakeFont(LOGFONTW record);
+
+// The control's own font, made again when its record changes.
+class StockFont {
+  public:
+    // `described` is a font of the record that is wanted; null gives null.
+    HFONT LikeFont(HFONT described);
+
+  private:
+    LOGFONTW m_record{};
+    OwnedFont m_font;
+};
 
 class GdiFonts {
   public:

@@ -3,6 +3,9 @@
 
 #include <windows.h>
 
+// A name of the drawing surface.
+#undef DrawText
+
 #include <utility>
 
 namespace veygrid {

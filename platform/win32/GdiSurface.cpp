@@ -1,4 +1,5 @@
-// The drawing surface on a device context of the system: window, picture in memory, metafile, paper.
+// The drawing surface on a device context of the system: window, picture in memory, metafile,
+// paper.
 #include "platform/win32/GdiSurface.h"
 
 #include <algorithm>
@@ -221,7 +222,8 @@ GdiSurface::TextKind GdiSurface::Widen(std::string_view text) {
     if (!kind.isAscii) {
         const std::u16string wide = Utf16FromCodePage936(text);
         m_wide.assign(wide.begin(), wide.end());
-        kind.isPlainLine = std::ranges::all_of(wide, [](char16_t c) { return c >= ' ' && c != '&'; });
+        kind.isPlainLine =
+            std::ranges::all_of(wide, [](char16_t c) { return c >= ' ' && c != '&'; });
     }
     return kind;
 }
@@ -247,7 +249,7 @@ std::int32_t GdiSurface::DrawText(std::string_view text, Rect& rect, std::uint32
     if (!onlyMeasures && !IsSeen(rect)) {
         return 0;
     }
-    const TextKind kind = Widen(WholeCharacters(text, MostBytes));
+    const TextKind kind = Widen(text.substr(0, MostBytes));
     if (kind.isPlainLine && !m_wide.empty()) {
         if (format == DtCalcRect) {
             const SIZE extent = LineExtent(kind.isAscii);
@@ -260,8 +262,8 @@ std::int32_t GdiSurface::DrawText(std::string_view text, Rect& rect, std::uint32
         }
     }
     RECT area = RectOf(rect);
-    const int height = ::DrawTextW(m_target, m_wide.data(), static_cast<int>(m_wide.size()), &area,
-                                   format);
+    const int height =
+        ::DrawTextW(m_target, m_wide.data(), static_cast<int>(m_wide.size()), &area, format);
     if (onlyMeasures) {
         rect = RectOf(area);
     }
@@ -306,8 +308,8 @@ void GdiSurface::DrawFocusRect(const Rect& rect) {
 std::unique_ptr<SurfaceBitmap> GdiSurface::CreateDIBitmap(std::span<const std::uint8_t> header,
                                                           std::span<const std::uint8_t> bits) {
     const auto* const info = reinterpret_cast<const BITMAPINFO*>(header.data());
-    OwnedBitmap bitmap(::CreateDIBitmap(m_target, &info->bmiHeader, CBM_INIT, bits.data(), info,
-                                        DIB_RGB_COLORS));
+    OwnedBitmap bitmap(
+        ::CreateDIBitmap(m_target, &info->bmiHeader, CBM_INIT, bits.data(), info, DIB_RGB_COLORS));
     BITMAP facts{};
     if (bitmap.Get() == nullptr || ::GetObjectW(bitmap.Get(), sizeof facts, &facts) == 0) {
         return nullptr;

@@ -1,4 +1,5 @@
-// The drawing surface on a device context of the system: window, picture in memory, metafile, paper.
+// The drawing surface on a device context of the system: window, picture in memory, metafile,
+// paper.
 #pragma once
 
 #include <array>
