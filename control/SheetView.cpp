@@ -54,12 +54,12 @@ void SheetView::Draw(HDC target, const RECT& bounds, const RECT& invalid) {
     static_cast<LayoutState&>(m_layout) = ofWindow;
 }
 
-// The cells count from the corner of what is drawn on, so that the corner goes to the bounds.
+// The cells count from the corner of what is drawn on, so that the corner goes to the bounds; and
+// cells that are cut off by the bounds, or frames that overrun them, end there.
 void SheetView::Paint(HDC target, const RECT& bounds, const RECT& invalid) {
     const SavedDc saved(target);
-    POINT origin{};
-    ::GetWindowOrgEx(target, &origin);
-    ::SetWindowOrgEx(target, origin.x - bounds.left, origin.y - bounds.top, nullptr);
+    ::OffsetWindowOrgEx(target, -bounds.left, -bounds.top, nullptr);
+    ::IntersectClipRect(target, 0, 0, bounds.right - bounds.left, bounds.bottom - bounds.top);
     GdiSurface surface(target, StockFontHandle(), m_fonts);
     const Rect area = FromRECT(bounds).Offset(-bounds.left, -bounds.top);
     OnDraw(m_context, m_image, surface, area, FromRECT(invalid).Offset(-bounds.left, -bounds.top));
