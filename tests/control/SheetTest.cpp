@@ -556,20 +556,32 @@ TEST(SheetWithoutWindow, IsDrawnIntoAMetafileInPixelsOfTheScreen) {
 TEST(SheetWithoutWindow, IsDrawnIntoAPartOfAMetafile) {
     const ComPtr<IUnknown> control = Ocx::Make(VeyGridClassId);
     Late(control).Put(L"BackColor", {static_cast<int>(RGB(200, 220, 240))});
-    const HDC target = ::CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
+    // A frame of 640 by 480 pixels.
+    const HDC screen = ::GetDC(nullptr);
+    constexpr int HimetricPerMillimetre = 100;
+    const auto himetric = [screen](int pixels, int millimetres, int resolution) {
+        return ::MulDiv(pixels, ::GetDeviceCaps(screen, millimetres) * HimetricPerMillimetre,
+                        ::GetDeviceCaps(screen, resolution));
+    };
+    const RECT frame{0, 0, himetric(640, HORZSIZE, HORZRES), himetric(480, VERTSIZE, VERTRES)};
+    ::ReleaseDC(nullptr, screen);
+    const HDC target = ::CreateEnhMetaFileW(nullptr, nullptr, &frame, nullptr);
     ::SetMapMode(target, MM_ANISOTROPIC);
     ::SetViewportExtEx(target, 640, 480, nullptr);
     const RECTL picture{0, 0, 6400, 4800};
     EXPECT_EQ(DrawOn(control, target, {3200, 2400, 6400, 4800}, &picture), S_OK);
     const HENHMETAFILE made = ::CloseEnhMetaFile(target);
-    ENHMETAHEADER header{};
-    ::GetEnhMetaFileHeader(made, sizeof header, &header);
-    // The lower right quarter of 640 by 480.
-    EXPECT_NEAR(header.rclBounds.left, 320, 2);
-    EXPECT_NEAR(header.rclBounds.top, 240, 2);
-    EXPECT_NEAR(header.rclBounds.right, 640, 2);
-    EXPECT_NEAR(header.rclBounds.bottom, 480, 2);
+    const Canvas canvas(700, 520);
+    const RECT whole{0, 0, 640, 480};
+    ::PlayEnhMetaFile(canvas.Dc(), made, &whole);
     ::DeleteEnhMetaFile(made);
+    // The lower right quarter, and nothing beside it.
+    EXPECT_EQ(canvas.At(320 + 140, 240 + 100), RGB(200, 220, 240));
+    EXPECT_EQ(canvas.At(320 + 25, 240 + 104), ::GetSysColor(COLOR_BTNFACE));
+    EXPECT_EQ(canvas.Count({0, 0, 318, 520}, White), 0);
+    EXPECT_EQ(canvas.Count({0, 0, 700, 238}, White), 0);
+    EXPECT_EQ(canvas.Count({642, 0, 700, 520}, White), 0);
+    EXPECT_EQ(canvas.Count({0, 482, 700, 520}, White), 0);
 }
 
 }  // namespace
