@@ -2,24 +2,20 @@
 #pragma once
 
 #include "grid/CellShow.h"
-#include "platform/win32/ole/AutomationTypes.h"
+#include "platform/win32/GdiHandles.h"
 
 namespace veygrid {
 
 class GdiTextMeasure final : public TextMeasure {
   public:
-    // `font` is an automation font; null, or another object, stands for the system's own.
-    explicit GdiTextMeasure(IDispatch* font);
-    GdiTextMeasure(const GdiTextMeasure&) = delete;
-    GdiTextMeasure& operator=(const GdiTextMeasure&) = delete;
-    ~GdiTextMeasure() override;
+    // Null stands for the system's own font. The font must outlive the measure.
+    explicit GdiTextMeasure(HFONT font);
 
     std::int32_t TextWidth(std::string_view text) const override;
 
   private:
-    ComPtr<IFont> m_font;
-    HDC m_target;
-    HGDIOBJ m_before = nullptr;
+    MemoryDc m_target{nullptr};
+    SavedDc m_saved{m_target.Get()};
 };
 
 }  // namespace veygrid

@@ -7,10 +7,12 @@
 #include "control/VeyGridEvents.h"
 #include "grid/Messages.h"
 #include "platform/win32/ole/OleText.h"
+#include "screen/Invalidation.h"
 
 namespace veygrid {
 
 void HostAdapter::SetModifiedFlag(bool modified) {
+    m_control.Sheet().Changed();
     m_control.SetModifiedFlag(modified);
 }
 
@@ -19,27 +21,33 @@ void HostAdapter::FireModified() {
 }
 
 void HostAdapter::InvalidateControl() {
+    m_control.Sheet().Changed();
     m_control.InvalidateControl();
 }
 
-// The sheet has no picture of its parts yet, so that a part stands for the whole.
-void HostAdapter::InvalidateCell(CellPos) {
-    m_control.InvalidateControl();
+void HostAdapter::InvalidateCell(CellPos cell) {
+    m_control.Sheet().Invalidate(CellRegion(View(), cell));
 }
-void HostAdapter::InvalidateRowHeaderStrip(std::int32_t) {
-    m_control.InvalidateControl();
+void HostAdapter::InvalidateRowHeaderStrip(std::int32_t row) {
+    m_control.Sheet().Invalidate(RowHeaderRegion(View(), row));
 }
-void HostAdapter::InvalidateColHeaderStrip(std::int32_t) {
-    m_control.InvalidateControl();
+void HostAdapter::InvalidateColHeaderStrip(std::int32_t col) {
+    m_control.Sheet().Invalidate(ColHeaderRegion(View(), col));
 }
-void HostAdapter::InvalidateActiveRowStrip(std::int32_t) {
-    m_control.InvalidateControl();
+void HostAdapter::InvalidateActiveRowStrip(std::int32_t row) {
+    m_control.Sheet().Invalidate(ActiveRowRegion(View(), row));
 }
-void HostAdapter::InvalidateActiveCellAreas(CellPos) {
-    m_control.InvalidateControl();
+void HostAdapter::InvalidateActiveCellAreas(CellPos cell) {
+    m_control.Sheet().Invalidate(ActiveCellRegions(View(), cell));
 }
 void HostAdapter::InvalidateHeaderCorner() {
-    m_control.InvalidateControl();
+    m_control.Sheet().Invalidate(HeaderCornerRegion(View()));
+}
+void HostAdapter::UpdateScrollBars() {
+    m_control.Sheet().UpdateScrollBars();
+}
+const Layout& HostAdapter::View() const {
+    return m_control.Sheet().View();
 }
 
 bool HostAdapter::HasWindow() {

@@ -8,6 +8,7 @@
 #include "grid/Selection.h"
 #include "grid/StoreWatcher.h"
 #include "persist/GridFile.h"
+#include "screen/Layout.h"
 
 namespace veygrid {
 
@@ -26,6 +27,7 @@ class HostAdapter final : public StoreWatcher,
     void InvalidateCell(CellPos cell) override;
     void InvalidateRowHeaderStrip(std::int32_t row) override;
     void InvalidateColHeaderStrip(std::int32_t col) override;
+    void UpdateScrollBars() override;
 
     bool HasWindow() override;
     void FireCellSelChanging(std::int32_t newRow, std::int32_t newCol,
@@ -46,6 +48,8 @@ class HostAdapter final : public StoreWatcher,
     void PostSizeParentWindow(std::uint32_t leftTop, std::uint32_t widthHeight) override;
 
   private:
+    const Layout& View() const;
+
     CVeyGridCtrl& m_control;
 };
 

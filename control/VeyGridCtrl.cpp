@@ -82,6 +82,16 @@ void CVeyGridCtrl::SetDataSource(std::string_view text) {
 
 void CVeyGridCtrl::SetBkImage(std::string_view path) {
     m_store.Properties.BkImage = path;
+    m_sheet.Image().LoadBkImage(*MakeFileSystem(), path);
+    m_host.InvalidateControl();
+    m_store.SetModifiedAndNotify(true);
+}
+
+bool CVeyGridCtrl::ScreenPosToRC(std::int16_t x, std::int16_t y, std::int32_t* row,
+                                 std::int32_t* col) {
+    std::int32_t unused = 0;
+    return m_sheet.ScreenPosToRC(x, y, row == nullptr ? unused : *row,
+                                 col == nullptr ? unused : *col);
 }
 
 bool CVeyGridCtrl::GetSelection(std::int32_t index, std::int32_t* row1, std::int32_t* col1,
@@ -110,7 +120,7 @@ bool CVeyGridCtrl::GetNextParam(std::int32_t* pos, std::string* name, std::strin
 }
 
 void CVeyGridCtrl::SetColAutoWidth(std::int32_t col) {
-    veygrid::SetColAutoWidth(m_store, col, GdiTextMeasure(FontObject().Get()));
+    veygrid::SetColAutoWidth(m_store, col, GdiTextMeasure(m_sheet.StockFontHandle()));
 }
 
 bool CVeyGridCtrl::SaveFile(std::string_view path) {
@@ -119,8 +129,10 @@ bool CVeyGridCtrl::SaveFile(std::string_view path) {
 }
 
 std::int16_t CVeyGridCtrl::OpenFile(std::string_view path, std::int16_t runQuery) {
-    return veygrid::OpenFile(*MakeFileSystem(), Utf8FromCodePage936(path), runQuery, m_store,
-                             m_document, m_host);
+    const std::int16_t answer = veygrid::OpenFile(*MakeFileSystem(), Utf8FromCodePage936(path),
+                                                  runQuery, m_store, m_document, m_host);
+    m_sheet.SheetReplaced();
+    return answer;
 }
 
 std::int16_t CVeyGridCtrl::RunQuery(std::int16_t) {
@@ -164,6 +176,7 @@ void CVeyGridCtrl::SaveState(ByteSink& sink) {
 std::uint64_t CVeyGridCtrl::LoadState(ByteSource& source) {
     ArchiveReader archive(source);
     ReadGrid(archive, m_store, m_document, m_host);
+    m_sheet.SheetReplaced();
     return archive.Position();
 }
 
@@ -173,6 +186,7 @@ void CVeyGridCtrl::SaveInBag(PropertyBag& bag) {
 
 void CVeyGridCtrl::LoadFromBag(PropertyBag& bag) {
     veygrid::LoadFromBag(bag, m_document.Stock, m_store.Properties);
+    m_sheet.SheetReplaced();
 }
 
 void CVeyGridCtrl::OnResetState() {

@@ -9,6 +9,7 @@
 
 #include "control/CellFormatObject.h"
 #include "control/HostAdapter.h"
+#include "control/SheetView.h"
 #include "grid/GridStore.h"
 #include "grid/RowColumnOperations.h"
 #include "grid/Selection.h"
@@ -35,6 +36,7 @@ class CVeyGridCtrl final : public CVeyOleControl {
     Selection& Selected() { return m_selection; }
     RowColumnOperations& Operations() { return m_operations; }
     GridDocument& Document() { return m_document; }
+    SheetView& Sheet() { return m_sheet; }
 
     // Automation members that are more than a call of a part.
     // Number of a menu item as hosts give it, to the command that it stands for.
@@ -57,17 +59,17 @@ class CVeyGridCtrl final : public CVeyOleControl {
     void EditCut();
     void EditPaste();
     void SendCommand(std::int32_t item);
+    bool ScreenPosToRC(std::int16_t x, std::int16_t y, std::int32_t* row, std::int32_t* col);
+    void MakeCellVisible(std::int32_t row, std::int32_t col) { m_sheet.MakeCellVisible(row, col); }
     void AboutBox();
 
     // Members whose behaviour the windows of the control will bring; until then each gives its
     // refusing answer and changes nothing.
-    bool ScreenPosToRC(std::int16_t, std::int16_t, std::int32_t*, std::int32_t*) { return false; }
     void RemoveAllMenuItem() {}
     void AppendMenuItem(std::int32_t, std::string_view) {}
     std::int16_t StartEdit() { return 0; }
     std::int16_t EndEdit() { return 1; }
     void BindDataset(IDispatch*) {}
-    void MakeCellVisible(std::int32_t, std::int32_t) {}
     void ShowAlignDlg() {}
     void ShowFontDlg() {}
     void ShowToolbox(bool) {}
@@ -108,6 +110,7 @@ class CVeyGridCtrl final : public CVeyOleControl {
     Selection m_selection{m_store, m_host};
     RowColumnOperations m_operations{m_store, m_selection, m_host};
     GridDocument m_document;
+    SheetView m_sheet{*this, m_store, m_selection, m_document.BkImageBits};
     bool m_bGuiDesignMode = false;
     // The parent's answer at creation; the host owns the object.
     LRESULT m_dataAccess = 0;

@@ -49,17 +49,14 @@ std::int32_t CVeyGridCtrl::CommandOfItem(std::int32_t item) {
     return item >= FirstItem && item <= LastItem ? item + ItemToCommand : item;
 }
 
-void CVeyGridCtrl::OnDraw(HDC target, const RECT& bounds, const RECT&) {
-    COLORREF color = 0;
-    if (FAILED(::OleTranslateColor(BackColor(), nullptr, &color))) {
-        color = ::GetSysColor(COLOR_WINDOW);
-    }
-    const HBRUSH brush = ::CreateSolidBrush(color);
-    ::FillRect(target, &bounds, brush);
-    ::DeleteObject(brush);
+void CVeyGridCtrl::OnDraw(HDC target, const RECT& bounds, const RECT& invalid) {
+    m_sheet.Draw(target, bounds, invalid);
 }
 
 LRESULT CVeyGridCtrl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (const auto answer = m_sheet.OnMessage(message, wParam, lParam)) {
+        return *answer;
+    }
     switch (message) {
         case WM_CREATE: {
             const LRESULT result = CVeyOleControl::OnMessage(message, wParam, lParam);

@@ -26,13 +26,29 @@ bool IsBoundTo(const std::string& bindSource, std::int32_t row, std::int32_t col
 
 std::string GetCellFormatText(const GridStore& store, std::int32_t row, std::int32_t col,
                               const ComboBoxes* combos) {
+    std::string buffer;
+    // A dataset is asked first: nothing of the sheet is held while its code runs.
+    const std::string_view text = store.CellTextRef(row, col, buffer);
     const std::string& showFormat = store.EffectiveFormatRef(row, col).ShowFormat;
-    std::string text = store.CellText(row, col);
-    if (combos != nullptr && combos->ControlHasWindow() &&
-        ShowKindOf(showFormat) == ShowKind::ComboText) {
-        return ComboTextForValue(*combos, text, row, col);
+    const std::string_view shown = ShownTextRef(text, showFormat, row, col, combos, buffer);
+    return shown.data() == buffer.data() ? std::move(buffer) : std::string(shown);
+}
+
+std::string_view ShownTextRef(std::string_view text, std::string_view showFormat, std::int32_t row,
+                              std::int32_t col, const ComboBoxes* combos, std::string& buffer) {
+    switch (ShowKindOf(showFormat)) {
+        case ShowKind::Plain:
+            return text;
+        case ShowKind::ComboText:
+            if (combos == nullptr || !combos->ControlHasWindow()) {
+                return text;
+            }
+            return buffer = ComboTextForValue(*combos, text, row, col);
+        case ShowKind::Date:
+        case ShowKind::Money:
+            break;
     }
-    return ShowText(std::move(text), showFormat);
+    return buffer = ShowText(std::string(text), showFormat);
 }
 
 std::string ComboTextForValue(const ComboBoxes& combos, std::string_view value, std::int32_t row,

@@ -31,6 +31,11 @@ class ComboBoxes {
 std::string GetCellFormatText(const GridStore& store, std::int32_t row, std::int32_t col,
                               const ComboBoxes* combos = nullptr);
 
+// The same form of a text that was read from the cell, without a copy: the text itself where it is
+// shown as stored, or else in `buffer`, in which the text may lie.
+std::string_view ShownTextRef(std::string_view text, std::string_view showFormat, std::int32_t row,
+                              std::int32_t col, const ComboBoxes* combos, std::string& buffer);
+
 // The text that the first combo box bound to the cell, or to its whole column, shows for a value;
 // the value itself where there is none or it has no window.
 std::string ComboTextForValue(const ComboBoxes& combos, std::string_view value, std::int32_t row,

@@ -9,6 +9,9 @@
 #include "grid/LogFont.h"
 #include "platform/Geometry.h"
 
+// The system's headers make this name a macro.
+#undef DrawText
+
 namespace veygrid {
 
 // Format bits of DrawText.
@@ -53,6 +56,8 @@ class Surface {
     virtual void SelectStockFont() = 0;
     // A font is made once for each record, however often it is selected.
     virtual void SelectFont(const LogFont& font) = 0;
+    // The font that was in force before the first of these calls.
+    virtual void SelectFormerFont() = 0;
     // A solid pen of width 0, one device pixel.
     virtual void SelectPen(Color color) = 0;
 

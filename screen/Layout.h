@@ -47,9 +47,25 @@ inline constexpr std::int32_t OffView = 32767;
 // The far edge of the window in every frame, whatever the window's size.
 inline constexpr std::int32_t FarEdge = 2000;
 
+// What the layout keeps, to be saved and put back around a paint that is not the window's.
+struct LayoutState {
+    // Where the sheet is laid out; empty until the first paint.
+    Rect m_rcClient;
+    std::int32_t FirstVisibleRow = 1;
+    std::int32_t FirstVisibleCol = 1;
+    // Pixels on each side of a border that grab it.
+    std::int32_t m_nResizeMargin = 3;
+    // Outer rectangle of the thick selection frame; empty when none is drawn.
+    Rect m_rcSelFrame;
+    // Of the last paint.
+    VisibleCounts m_visible;
+    std::int32_t m_nLastDrawnRow = 0;
+    std::int32_t m_nLastDrawnCol = 0;
+};
+
 // Positions are never kept: each question walks the sizes from the first visible row and column up
 // to the edge of the view. Client pixels; rows and columns are 1-based.
-class Layout {
+class Layout : public LayoutState {
   public:
     // The store must outlive the layout.
     explicit Layout(const GridStore& store) : m_store(store) {}
@@ -72,19 +88,6 @@ class Layout {
     VisibleCounts CalcVisible(const Rect& bounds, bool isPrinting, std::int32_t firstRow,
                               std::int32_t firstCol) const;
     Rect RangeRect(const CellRange& range) const;
-
-    // Where the sheet is laid out; empty until the first paint.
-    Rect m_rcClient;
-    std::int32_t FirstVisibleRow = 1;
-    std::int32_t FirstVisibleCol = 1;
-    // Pixels on each side of a border that grab it.
-    std::int32_t m_nResizeMargin = 3;
-    // Outer rectangle of the thick selection frame; empty when none is drawn.
-    Rect m_rcSelFrame;
-    // Of the last paint.
-    VisibleCounts m_visible;
-    std::int32_t m_nLastDrawnRow = 0;
-    std::int32_t m_nLastDrawnCol = 0;
 
   private:
     // One direction of the view: its first line, where the cell area begins and the view ends.

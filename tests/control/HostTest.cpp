@@ -151,10 +151,10 @@ TEST(Host, TheSystemsOwnHostWindowShowsTheControl) {
                   S_OK);
         const HWND window = Container::WindowOf(control);
         EXPECT_TRUE(::IsChild(host, window));
-        RECT client{};
-        ::GetClientRect(window, &client);
-        EXPECT_EQ(client.right, 300);
-        EXPECT_EQ(client.bottom, 200);
+        RECT place{};
+        ::GetWindowRect(window, &place);
+        EXPECT_EQ(place.right - place.left, 300);
+        EXPECT_EQ(place.bottom - place.top, 200);
         EXPECT_EQ(Late(control).Number(L"MaxCol"), 20);
     }
     ::DestroyWindow(host);
@@ -421,28 +421,6 @@ TEST(Host, AbsurdNumbersAndTextsHaveDefinedAnswers) {
     }
     EXPECT_EQ(grid.Put(L"CellText", {1, 1, megabyte.c_str()}), S_OK);
     EXPECT_EQ(grid.Text(L"CellText", {1, 1}).size(), std::size_t{2} << 20U);
-}
-
-TEST(Host, DrawsItsBackgroundWithoutAWindow) {
-    const ComPtr<IUnknown> control = NewControl();
-    Late(control).Put(L"BackColor", {0x102030});
-    ComPtr<IViewObject> view;
-    ASSERT_EQ(control.As(&view), S_OK);
-    BITMAPINFO info{};
-    info.bmiHeader = {sizeof(BITMAPINFOHEADER), 40, -20, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    void* bits = nullptr;
-    const HBITMAP bitmap = ::CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    const HDC target = ::CreateCompatibleDC(nullptr);
-    const HGDIOBJ before = ::SelectObject(target, bitmap);
-    const RECTL bounds{5, 5, 35, 15};
-    EXPECT_EQ(view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, target, &bounds, nullptr,
-                         nullptr, 0),
-              S_OK);
-    EXPECT_EQ(::GetPixel(target, 20, 10), 0x102030U);
-    EXPECT_EQ(::GetPixel(target, 2, 2), 0U);
-    ::SelectObject(target, before);
-    ::DeleteDC(target);
-    ::DeleteObject(bitmap);
 }
 
 TEST(Host, GivesItsPictureAsMetafiles) {

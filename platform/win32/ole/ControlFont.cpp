@@ -96,13 +96,13 @@ LogFont RecordFromFont(IDispatch* object) {
 }
 
 ComPtr<IDispatch> DefaultFont() {
-    wchar_t name[] = L"MS Shell Dlg";
+    wchar_t name[] = L"宋体";
     FONTDESC description{};
     description.cbSizeofstruct = sizeof description;
     description.lpstrName = name;
     description.cySize.int64 = 9 * CurrencyUnit;
     description.sWeight = FW_NORMAL;
-    description.sCharset = DEFAULT_CHARSET;
+    description.sCharset = GB2312_CHARSET;
     return MakeFont(description);
 }
 

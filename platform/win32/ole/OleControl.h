@@ -90,9 +90,11 @@ class CVeyOleControl : public OleObject {
     IDataAdviseHolder& DataAdvise();
     ViewPart& View() { return m_view; }
 
+    // Whether an event would reach anybody.
+    bool HasListeners() { return m_freezeCount == 0 && !m_connections.Events().IsEmpty(); }
     template <class... Args>
     void FireEvent(DISPID id, Args... args) {
-        if (m_freezeCount == 0 && !m_connections.Events().IsEmpty()) {
+        if (HasListeners()) {
             const KeepAlive keep(*this);
             FireWith(id, EventArgument(args)...);
         }
