@@ -12,6 +12,7 @@
 namespace veygrid {
 
 void HostAdapter::SetModifiedFlag(bool modified) {
+    m_control.Sheet().Changed();
     m_control.SetModifiedFlag(modified);
 }
 
@@ -20,6 +21,7 @@ void HostAdapter::FireModified() {
 }
 
 void HostAdapter::InvalidateControl() {
+    m_control.Sheet().Changed();
     m_control.InvalidateControl();
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "control/VeyGridCtrl.h"
+#include "screen/ScrolledPixels.h"
 #include "screen/SheetDrawing.h"
 
 namespace veygrid {
@@ -42,11 +43,7 @@ SheetView::SheetView(CVeyGridCtrl& control, GridStore& store, const Selection& s
 
 void SheetView::Draw(HDC target, const RECT& bounds, const RECT& invalid) {
     if (!HasWindow() || ::WindowFromDC(target) == m_control.Window()) {
-        const bool isFirst = m_layout.m_rcClient.IsRectEmpty();
-        Paint(target, bounds, invalid);
-        if (isFirst) {
-            UpdateScrollBars();
-        }
+        PaintWindow(target, bounds, invalid);
         return;
     }
     const LayoutState ofWindow = m_layout;
@@ -54,15 +51,65 @@ void SheetView::Draw(HDC target, const RECT& bounds, const RECT& invalid) {
     static_cast<LayoutState&>(m_layout) = ofWindow;
 }
 
-// The cells count from the corner of what is drawn on, so that the corner goes to the bounds.
+void SheetView::PaintWindow(HDC target, const RECT& bounds, const RECT& invalid) {
+    RECT seen{};
+    const bool isWhole = ::GetClipBox(target, &seen) == SIMPLEREGION && ::EqualRect(&seen, &bounds);
+    if (isWhole) {
+        m_shown = {m_layout.FirstVisibleRow, m_layout.FirstVisibleCol};
+    }
+    const bool isFirst = m_layout.m_rcClient.IsRectEmpty();
+    Paint(target, bounds, invalid);
+    if (isFirst) {
+        UpdateScrollBars();
+    }
+}
+
+// Only what the sheet says itself can be known not to have changed since the last paint.
+bool SheetView::MovePixels() {
+    if (!m_shown || m_store.Properties.GuiMode || m_store.BoundDataset != nullptr ||
+        m_control.HasListeners() || ::GetWindow(m_control.Window(), GW_CHILD) != nullptr ||
+        m_layout.m_rcClient != m_bars.GetClientRect()) {
+        return false;
+    }
+    const std::optional<ScrolledPixels> moved =
+        PixelsToMove(m_store, m_context.Selected, m_layout, *m_shown);
+    if (!moved) {
+        return false;
+    }
+    m_shown = {m_layout.FirstVisibleRow, m_layout.FirstVisibleCol};
+    const RECT area = ToRECT(moved->area);
+    ::ScrollWindowEx(m_control.Window(), moved->dx, moved->dy, &area, &area, nullptr, nullptr,
+                     SW_INVALIDATE);
+    Invalidate(moved->stale);
+    return true;
+}
+
+// The cells count from the corner of what is drawn on, so that the corner goes to the bounds; and
+// cells that are cut off by the bounds, or frames that overrun them, end there.
 void SheetView::Paint(HDC target, const RECT& bounds, const RECT& invalid) {
     const SavedDc saved(target);
-    POINT origin{};
-    ::GetWindowOrgEx(target, &origin);
-    ::SetWindowOrgEx(target, origin.x - bounds.left, origin.y - bounds.top, nullptr);
+    ::OffsetWindowOrgEx(target, -bounds.left, -bounds.top, nullptr);
+    ::IntersectClipRect(target, 0, 0, bounds.right - bounds.left, bounds.bottom - bounds.top);
     GdiSurface surface(target, StockFontHandle(), m_fonts);
     const Rect area = FromRECT(bounds).Offset(-bounds.left, -bounds.top);
+    if (!m_store.Properties.GuiMode) {
+        FillSeams(surface, area);
+    }
     OnDraw(m_context, m_image, surface, area, FromRECT(invalid).Offset(-bounds.left, -bounds.top));
+}
+
+// One pixel between the last cells and the empty space is painted by neither. It would show what
+// was there before.
+void SheetView::FillSeams(Surface& surface, const Rect& bounds) const {
+    const GridProperties& properties = m_store.Properties;
+    const VisibleCounts fit =
+        m_layout.CalcVisible(bounds, false, m_layout.FirstVisibleRow, m_layout.FirstVisibleCol);
+    const std::int32_t right =
+        WrapAdd(properties.ShowRowHeaders ? properties.RowHeaderWidth : 0, fit.Width);
+    const std::int32_t bottom =
+        WrapAdd(properties.ShowColHeaders ? properties.ColHeaderHeight : 0, fit.Height);
+    surface.FillSolidRect({right, 0, WrapAdd(right, 1), bounds.bottom}, m_colors.m_clrBackground);
+    surface.FillSolidRect({0, bottom, bounds.right, WrapAdd(bottom, 1)}, m_colors.m_clrBackground);
 }
 
 HFONT SheetView::StockFontHandle() {
@@ -236,7 +283,9 @@ void SheetView::SetFocus() {
 }
 
 void SheetView::InvalidateControl() {
-    m_control.InvalidateControl();
+    if (!HasWindow() || !MovePixels()) {
+        m_control.InvalidateControl();
+    }
 }
 
 }  // namespace veygrid

@@ -40,6 +40,9 @@ class SheetView final : public DrawingHost, public ScrollingHost {
     // Nothing for a message that is another's, or that the base class is to answer as well.
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
 
+    // The sheet, or what it is drawn with, is not what it was at the last paint.
+    void Changed() { m_shown.reset(); }
+
     void UpdateScrollBars();
     // After another sheet was loaded.
     void SheetReplaced();
@@ -69,6 +72,10 @@ class SheetView final : public DrawingHost, public ScrollingHost {
 
   private:
     void Paint(HDC target, const RECT& bounds, const RECT& invalid);
+    void FillSeams(Surface& surface, const Rect& bounds) const;
+    void PaintWindow(HDC target, const RECT& bounds, const RECT& invalid);
+    // False when the window must be painted anew.
+    bool MovePixels();
     std::optional<LRESULT> OnScroll(UINT message, WPARAM wParam);
     void OnWheel(ScrollBar bar, std::int32_t delta);
 
@@ -83,6 +90,9 @@ class SheetView final : public DrawingHost, public ScrollingHost {
     StockFont m_stockFont;
     GdiFonts m_fonts;
     RequestedFormat m_requested;
+    // The first cell that the window's pixels show; nothing when they may not be those of the
+    // sheet.
+    std::optional<CellPos> m_shown;
     bool m_updatesBars = false;
     // Turn of the wheel that did not make a whole step yet.
     std::int32_t m_wheelRest = 0;

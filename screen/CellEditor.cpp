@@ -20,7 +20,7 @@ const std::string& RefusedText() {
 // Raised while it lives, also when an exception of the host passes.
 class FlagGuard {
   public:
-    explicit FlagGuard(bool& flag) : m_flag(flag) { m_flag = true; }
+    explicit FlagGuard(bool& flag) : m_flag(flag) { flag = true; }
     ~FlagGuard() { m_flag = false; }
     FlagGuard(const FlagGuard&) = delete;
     FlagGuard& operator=(const FlagGuard&) = delete;

@@ -106,7 +106,7 @@ CellRange MouseCellMove::FrameAt(CellPos cell) const {
 }
 
 // A double dotted line; drawn twice it is gone.
-void MouseCellMove::DrawFrame(Surface& surface, const CellRange& frame) {
+void MouseCellMove::DrawFrame(Surface& surface, const CellRange& frame) const {
     if (frame.IsEmpty()) {
         return;
     }

@@ -33,7 +33,7 @@ class MouseCellMove {
     CellRange MovedRange() const;
     bool IsAllowed() const;
     CellRange FrameAt(CellPos cell) const;
-    void DrawFrame(Surface& surface, const CellRange& frame);
+    void DrawFrame(Surface& surface, const CellRange& frame) const;
     void AutoScroll(Point point);
     void MoveTo(CellPos target);
 

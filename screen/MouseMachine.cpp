@@ -243,6 +243,14 @@ bool MouseMachine::OnSetCursor(Point point) {
     return false;
 }
 
+std::int32_t MouseMachine::OnDragOver(std::uint32_t kind, Point point) {
+    if (kind != DraggedItem || m_parts.layout.HitTest(point) == HitCode::HitOutside) {
+        return 0;
+    }
+    m_parts.control.SetCursor(CursorId::Arrow);
+    return 1;
+}
+
 bool MouseMachine::SetRegionCursor(HitCode hit) {
     const auto* const found =
         std::find_if(RegionCursors.begin(), RegionCursors.end(),

@@ -14,6 +14,9 @@ namespace veygrid {
 // handler, on which the stock events hang, is to run after it. The mouse is never captured.
 class MouseMachine {
   public:
+    // What MSG_DRAGOVER tells of, for the sheet to answer.
+    static constexpr std::uint32_t DraggedItem = 32769;
+
     // All that the parts refer to must outlive the machine, and so must the ticks.
     MouseMachine(const MouseParts& parts, AutoScrollTicks& ticks)
         : m_parts(parts), m_cellMove(m_parts, m_track, ticks) {}
@@ -28,6 +31,9 @@ class MouseMachine {
     bool OnLButtonDblClk(Point point);
     // WM_SETCURSOR, with the cursor's position; true when it is answered here.
     bool OnSetCursor(Point point);
+
+    // Handler of MSG_DRAGOVER: 1 when the thing that is dragged may come over the sheet here.
+    std::int32_t OnDragOver(std::uint32_t kind, Point point);
 
     // Ends a gesture whose release will not come: the window goes, or something took the mouse.
     // Nothing of it is carried out.

@@ -103,10 +103,14 @@ class GdiBitmap final : public SurfaceBitmap {
 GdiSurface::GdiSurface(HDC target, HFONT stockFont, GdiFonts& fonts, Use use)
     : m_saved(target),
       m_target(target),
+      m_measuring(target),
       m_stockFont(stockFont),
       m_formerFont(::GetCurrentObject(target, OBJ_FONT)),
       m_fonts(fonts),
       m_isPrinting(use == Use::Print || IsPaper(target)) {
+    if (::GetDeviceCaps(target, TECHNOLOGY) == DT_METAFILE) {
+        m_measuring = m_screen.emplace(nullptr).Get();
+    }
     ::SetTextAlign(target, TA_LEFT | TA_TOP | TA_NOUPDATECP);
     if (IsDisplay(target)) {
         m_seen = SeenOf(target);
@@ -131,6 +135,9 @@ void GdiSurface::SetTextColor(Color color) {
 
 void GdiSurface::Select(HGDIOBJ font) {
     ::SelectObject(m_target, font);
+    if (m_screen) {
+        ::SelectObject(m_measuring, font);
+    }
     m_font = font;
 }
 
@@ -201,9 +208,9 @@ GdiSurface::FontFacts& GdiSurface::Facts() {
     }
     FontFacts facts;
     TEXTMETRICW metrics{};
-    ::GetTextMetricsW(m_target, &metrics);
+    ::GetTextMetricsW(m_measuring, &metrics);
     facts.height = metrics.tmHeight;
-    if (AsciiWidths widths; ::GetCharWidth32W(m_target, 0, widths.size() - 1, widths.data())) {
+    if (AsciiWidths widths; ::GetCharWidth32W(m_measuring, 0, widths.size() - 1, widths.data())) {
         facts.widths = widths;
     }
     return m_facts.emplace_back(m_font, facts).second;
@@ -237,7 +244,8 @@ SIZE GdiSurface::LineExtent(bool isAscii) {
             extent.cx += (*facts.widths)[c];
         }
     } else {
-        ::GetTextExtentPoint32W(m_target, m_wide.data(), static_cast<int>(m_wide.size()), &extent);
+        ::GetTextExtentPoint32W(m_measuring, m_wide.data(), static_cast<int>(m_wide.size()),
+                                &extent);
     }
     return extent;
 }
@@ -262,8 +270,8 @@ std::int32_t GdiSurface::DrawText(std::string_view text, Rect& rect, std::uint32
         }
     }
     RECT area = RectOf(rect);
-    const int height =
-        ::DrawTextW(m_target, m_wide.data(), static_cast<int>(m_wide.size()), &area, format);
+    const int height = ::DrawTextW(onlyMeasures ? m_measuring : m_target, m_wide.data(),
+                                   static_cast<int>(m_wide.size()), &area, format);
     if (onlyMeasures) {
         rect = RectOf(area);
     }

@@ -76,6 +76,9 @@ class GdiSurface final : public Surface {
     OwnedPen m_pen;
     SavedDc m_saved;
     HDC m_target;
+    // A metafile of the old kind knows no sizes of texts; they are asked of the screen then.
+    std::optional<MemoryDc> m_screen;
+    HDC m_measuring;
     HFONT m_stockFont;
     HGDIOBJ m_formerFont;
     GdiFonts& m_fonts;

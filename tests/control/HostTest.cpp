@@ -365,28 +365,6 @@ TEST(Host, AbsurdNumbersAndTextsHaveDefinedAnswers) {
     EXPECT_EQ(grid.Text(L"CellText", {1, 1}).size(), std::size_t{2} << 20U);
 }
 
-TEST(Host, DrawsItsBackgroundWithoutAWindow) {
-    const ComPtr<IUnknown> control = NewControl();
-    Late(control).Put(L"BackColor", {0x102030});
-    ComPtr<IViewObject> view;
-    ASSERT_EQ(control.As(&view), S_OK);
-    BITMAPINFO info{};
-    info.bmiHeader = {sizeof(BITMAPINFOHEADER), 40, -20, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    void* bits = nullptr;
-    const HBITMAP bitmap = ::CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    const HDC target = ::CreateCompatibleDC(nullptr);
-    const HGDIOBJ before = ::SelectObject(target, bitmap);
-    const RECTL bounds{5, 5, 35, 15};
-    EXPECT_EQ(view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, target, &bounds, nullptr,
-                         nullptr, 0),
-              S_OK);
-    EXPECT_EQ(::GetPixel(target, 20, 10), 0x102030U);
-    EXPECT_EQ(::GetPixel(target, 2, 2), 0U);
-    ::SelectObject(target, before);
-    ::DeleteDC(target);
-    ::DeleteObject(bitmap);
-}
-
 TEST(Host, GivesItsPictureAsMetafiles) {
     ComPtr<IDataObject> data;
     ASSERT_EQ(NewControl().As(&data), S_OK);

@@ -12,7 +12,7 @@ namespace veygrid {
 namespace {
 
 #if defined(__SANITIZE_ADDRESS__)
-constexpr std::int32_t Events = 50'000;
+constexpr std::int32_t Events = 200'000;
 #else
 constexpr std::int32_t Events = 1'000'000;
 #endif

@@ -91,6 +91,16 @@ TEST_F(MouseMachineTest, InGuiModeTheBaseSetsTheCursorAndInDesignModeTheFormLaye
                 ElementsAre("SetCursor 32645"));
 }
 
+TEST_F(MouseMachineTest, AnItemDraggedOverTheSheetShowsTheArrow) {
+    EXPECT_THAT(CallsOf([&] { EXPECT_EQ(mouse.OnDragOver(32769, At(3, 3)), 1); }),
+                ElementsAre("SetCursor 32512"));
+    EXPECT_THAT(CallsOf([&] {
+                    EXPECT_EQ(mouse.OnDragOver(32768, At(3, 3)), 0);
+                    EXPECT_EQ(mouse.OnDragOver(32769, {-1, 5}), 0);
+                }),
+                IsEmpty());
+}
+
 // Double click.
 
 TEST_F(MouseMachineTest, ADoubleClickFiresDblClickFirstInAllModes) {

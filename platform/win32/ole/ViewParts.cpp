@@ -1,6 +1,9 @@
 // Drawing a control without a window, and its picture as data.
 #include "platform/win32/ole/ViewParts.h"
 
+#include <algorithm>
+#include <cstdlib>
+
 #include "platform/win32/ole/Enumerator.h"
 #include "platform/win32/ole/Guard.h"
 #include "platform/win32/ole/OleControl.h"
@@ -27,12 +30,40 @@ bool Offers(const FORMATETC& known, const FORMATETC& asked) {
            asked.dwAspect == DVASPECT_CONTENT;
 }
 
+// The control's size in pixels of the screen, which its picture is drawn in everywhere.
+SIZE PixelSize(CVeyOleControl& control) {
+    constexpr int HimetricPerInch = 2540;
+    const SIZEL extent = control.Extent();
+    const HDC screen = ::GetDC(nullptr);
+    const auto pixels = [screen](LONG length, int index) {
+        return std::max(::MulDiv(length, ::GetDeviceCaps(screen, index), HimetricPerInch), 1);
+    };
+    const SIZE size{pixels(extent.cx, LOGPIXELSX), pixels(extent.cy, LOGPIXELSY)};
+    ::ReleaseDC(nullptr, screen);
+    return size;
+}
+
+// Draws the control into bounds of a metafile whose whole picture is `picture`, both in the units
+// of the metafile.
+void DrawInMetafile(CVeyOleControl& control, HDC target, const RECT& bounds, const RECTL& picture) {
+    const SIZE size = PixelSize(control);
+    const int width = std::max<int>(std::abs(bounds.right - bounds.left), 1);
+    const int height = bounds.bottom == bounds.top ? 1 : bounds.bottom - bounds.top;
+    const auto x = [&](LONG length) { return ::MulDiv(length, size.cx, width); };
+    const auto y = [&](LONG length) { return ::MulDiv(length, size.cy, height); };
+    ::SetWindowOrgEx(target, x(picture.left - bounds.left), y(picture.top - bounds.top), nullptr);
+    ::SetWindowExtEx(target, x(picture.right - picture.left), y(picture.bottom - picture.top),
+                     nullptr);
+    control.Draw(target, {0, 0, size.cx, size.cy});
+}
+
 HGLOBAL MetafilePicture(CVeyOleControl& control) {
     const SIZEL extent = control.Extent();
     const HDC target = ::CreateMetaFileW(nullptr);
+    const SIZE size = PixelSize(control);
     ::SetMapMode(target, MM_ANISOTROPIC);
-    ::SetWindowExtEx(target, extent.cx, extent.cy, nullptr);
-    control.Draw(target, {0, 0, extent.cx, extent.cy});
+    ::SetWindowExtEx(target, size.cx, size.cy, nullptr);
+    control.Draw(target, {0, 0, size.cx, size.cy});
     const HMETAFILE picture = ::CloseMetaFile(target);
     const HGLOBAL block = ::GlobalAlloc(GMEM_MOVEABLE, sizeof(METAFILEPICT));
     auto* const record =
@@ -50,8 +81,17 @@ HENHMETAFILE EnhancedMetafile(CVeyOleControl& control) {
     const SIZEL extent = control.Extent();
     const RECT frame{0, 0, extent.cx, extent.cy};
     const HDC target = ::CreateEnhMetaFileW(nullptr, nullptr, &frame, nullptr);
-    ::SetMapMode(target, MM_HIMETRIC);
-    control.Draw(target, {0, 0, extent.cx, -extent.cy});
+    const SIZE size = PixelSize(control);
+    const auto device = [target](LONG length, int pixels, int millimetres) {
+        constexpr int HimetricPerMillimetre = 100;
+        return ::MulDiv(length, ::GetDeviceCaps(target, pixels),
+                        ::GetDeviceCaps(target, millimetres) * HimetricPerMillimetre);
+    };
+    ::SetMapMode(target, MM_ANISOTROPIC);
+    ::SetWindowExtEx(target, size.cx, size.cy, nullptr);
+    ::SetViewportExtEx(target, device(extent.cx, HORZRES, HORZSIZE),
+                       device(extent.cy, VERTRES, VERTSIZE), nullptr);
+    control.Draw(target, {0, 0, size.cx, size.cy});
     return ::CloseEnhMetaFile(target);
 }
 
@@ -71,10 +111,11 @@ STDMETHODIMP ViewPart::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC
         const int saved = ::SaveDC(target);
         RECT area = RectOf(*bounds);
         if (windowBounds != nullptr && IsMetafile(target)) {
-            ::SetWindowOrgEx(target, windowBounds->left, windowBounds->top, nullptr);
-            ::SetWindowExtEx(target, windowBounds->right - windowBounds->left,
-                             windowBounds->bottom - windowBounds->top, nullptr);
-        } else if (!IsMetafile(target)) {
+            DrawInMetafile(m_owner, target, area, *windowBounds);
+            ::RestoreDC(target, saved);
+            return S_OK;
+        }
+        if (!IsMetafile(target)) {
             ::LPtoDP(target, reinterpret_cast<POINT*>(&area), 2);
             ::SetMapMode(target, MM_TEXT);
             ::SetWindowOrgEx(target, 0, 0, nullptr);

@@ -1,0 +1,215 @@
+// Repainting and scrolling the sheet, against the system's list view in report style with the same
+// texts in the same font.
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "bench/Ratio.h"
+#include "control/ClassIds.h"
+#include "platform/win32/GdiFonts.h"
+#include "tests/control/Container.h"
+
+namespace veygrid::bench {
+namespace {
+
+constexpr int Width = 1600;
+constexpr int Height = 1000;
+constexpr int Rows = 1'000'000;
+constexpr int Cols = 25;
+constexpr int RowHeaderWidth = 50;
+constexpr int ColWidth = 60;
+
+std::wstring TextOf(int row, int col) {
+    switch (col % 3) {
+        case 0:
+            return std::to_wstring(row * 7 + col);
+        case 1:
+            return L"名称" + std::to_wstring(row % 97);
+        default:
+            return L"Item " + std::to_wstring(row % 1000);
+    }
+}
+
+// Until everything drawn is on the screen.
+void Flush() {
+    ::GdiFlush();
+}
+
+void FullRepaint(HWND window) {
+    ::InvalidateRect(window, nullptr, TRUE);
+    ::UpdateWindow(window);
+    Flush();
+}
+
+class Sheet {
+  public:
+    Sheet() {
+        ::SetWindowPos(m_container.Window(), nullptr, 0, 0, Width, Height,
+                       SWP_NOZORDER | SWP_NOACTIVATE);
+        m_grid.Put(L"MaxRow", {Rows});
+        m_grid.Put(L"MaxCol", {Cols});
+        m_container.Show(m_control);
+        m_window = Container::WindowOf(m_control);
+        ::SetWindowPos(m_window, nullptr, 0, 0, Width, Height, SWP_NOZORDER | SWP_NOACTIVATE);
+        ::UpdateWindow(m_window);
+    }
+    // Fills the rows that a view beginning at `row` shows, and goes there.
+    void FillAndShow(int row) {
+        for (int r = row; r < row + 130 && r <= Rows; ++r) {
+            for (int col = 1; col <= Cols; ++col) {
+                m_grid.Put(L"CellText", {r, col, TextOf(r, col).c_str()});
+            }
+        }
+        Show(row);
+    }
+    void Show(int row) {
+        m_grid.Call(L"MakeCellVisible", {row, 1});
+        ::UpdateWindow(m_window);
+        Flush();
+    }
+    void Scroll(WORD request) {
+        ::SendMessageW(m_window, WM_VSCROLL, request, 0);
+        ::UpdateWindow(m_window);
+        Flush();
+    }
+    const Late& Grid() const { return m_grid; }
+    HWND Window() const { return m_window; }
+
+  private:
+    Container m_container;
+    ComPtr<IUnknown> m_control = Ocx::Make(VeyGridClassId);
+    Late m_grid{m_control};
+    HWND m_window = nullptr;
+};
+
+// The list's own window and its parent, which answers for the texts.
+class List {
+  public:
+    explicit List(HFONT font) {
+        const INITCOMMONCONTROLSEX wanted{sizeof wanted, ICC_LISTVIEW_CLASSES};
+        ::InitCommonControlsEx(&wanted);
+        m_parent = ::CreateWindowExW(WS_EX_TOOLWINDOW, L"STATIC", L"peer", WS_POPUP | WS_VISIBLE, 0,
+                                     0, Width, Height, nullptr, nullptr, nullptr, nullptr);
+        s_before = reinterpret_cast<WNDPROC>(
+            ::SetWindowLongPtrW(m_parent, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Answer)));
+        m_window = ::CreateWindowExW(0, WC_LISTVIEWW, L"",
+                                     WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDATA, 0, 0,
+                                     Width, Height, m_parent, nullptr, nullptr, nullptr);
+        ::SendMessageW(m_window, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+        ListView_SetExtendedListViewStyle(m_window, LVS_EX_GRIDLINES | LVS_EX_FULLROWSELECT);
+        // An empty picture makes the rows as high as those of the sheet.
+        constexpr int RowPicture = 17;
+        ListView_SetImageList(m_window, ::ImageList_Create(1, RowPicture, ILC_COLOR, 1, 1),
+                              LVSIL_SMALL);
+        for (int col = 0; col <= Cols; ++col) {
+            std::wstring title =
+                col == 0 ? L"" : std::wstring(1, static_cast<wchar_t>(L'A' + col - 1));
+            LVCOLUMNW column{};
+            column.mask = LVCF_WIDTH | LVCF_TEXT | LVCF_FMT;
+            column.fmt = col % 3 == 0 ? LVCFMT_RIGHT : LVCFMT_LEFT;
+            column.cx = col == 0 ? RowHeaderWidth : ColWidth;
+            column.pszText = title.data();
+            ::SendMessageW(m_window, LVM_INSERTCOLUMNW, static_cast<WPARAM>(col),
+                           reinterpret_cast<LPARAM>(&column));
+        }
+        ListView_SetItemCountEx(m_window, Rows, 0);
+        ::UpdateWindow(m_window);
+    }
+    List(const List&) = delete;
+    List& operator=(const List&) = delete;
+    ~List() { ::DestroyWindow(m_parent); }
+
+    void Show(int row) {
+        ListView_EnsureVisible(m_window, Rows - 1, FALSE);
+        ListView_EnsureVisible(m_window, row - 1, FALSE);
+        ::UpdateWindow(m_window);
+        Flush();
+    }
+    void Scroll(WORD request) {
+        ::SendMessageW(m_window, WM_VSCROLL, request, 0);
+        ::UpdateWindow(m_window);
+        Flush();
+    }
+    int RowsPerPage() const { return ListView_GetCountPerPage(m_window); }
+    HWND Window() const { return m_window; }
+
+  private:
+    static LRESULT CALLBACK Answer(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        if (message == WM_NOTIFY) {
+            auto* const asked = reinterpret_cast<NMLVDISPINFOW*>(lParam);
+            if (asked->hdr.code == LVN_GETDISPINFOW && (asked->item.mask & LVIF_TEXT) != 0) {
+                static std::wstring text;
+                const int row = asked->item.iItem + 1;
+                const int col = asked->item.iSubItem;
+                text = col == 0 ? std::to_wstring(row) : s_texts(row, col);
+                asked->item.pszText = text.data();
+            }
+        }
+        return ::CallWindowProcW(s_before, window, message, wParam, lParam);
+    }
+
+    static inline WNDPROC s_before = nullptr;
+    static inline std::wstring (*s_texts)(int, int) = TextOf;
+    HWND m_parent = nullptr;
+    HWND m_window = nullptr;
+};
+
+double Repaints(HWND window, int count) {
+    return Seconds([&] {
+               for (int i = 0; i < count; ++i) {
+                   FullRepaint(window);
+               }
+           }) /
+           count;
+}
+
+void AgainstTheList(Sheet& sheet, List& list) {
+    sheet.FillAndShow(1);
+    list.Show(1);
+    constexpr int Count = 10;
+    Ratio("full repaint of 1600 by 1000, against the list view", 1.0)
+        .Run([&] { return Repaints(sheet.Window(), Count); },
+             [&] { return Repaints(list.Window(), Count); }, 9);
+    const auto scroll = [](auto& view, WORD request, WORD back) {
+        return Seconds([&] {
+                   for (int i = 0; i < Count; ++i) {
+                       view.Scroll(request);
+                   }
+                   for (int i = 0; i < Count; ++i) {
+                       view.Scroll(back);
+                   }
+               }) /
+               (2 * Count);
+    };
+    sheet.FillAndShow(1);
+    Ratio("scrolling by one row, against the list view", 1.0)
+        .Run([&] { return scroll(sheet, SB_LINEDOWN, SB_LINEUP); },
+             [&] { return scroll(list, SB_LINEDOWN, SB_LINEUP); }, 9);
+    for (int row = 131; row < 131 + Count * 60; row += 130) {
+        sheet.FillAndShow(row);
+    }
+    sheet.Show(1);
+    Ratio("scrolling by one page, against the list view", 1.0)
+        .Run([&] { return scroll(sheet, SB_PAGEDOWN, SB_PAGEUP); },
+             [&] { return scroll(list, SB_PAGEDOWN, SB_PAGEUP); }, 9);
+}
+
+}  // namespace
+}  // namespace veygrid::bench
+
+int main() {
+    using namespace veygrid;
+    using namespace veygrid::bench;
+    ::OleInitialize(nullptr);
+    {
+        Sheet sheet;
+        LOGFONTW record{};
+        record.lfHeight = -12;
+        record.lfCharSet = GB2312_CHARSET;
+        ::lstrcpyW(record.lfFaceName, L"宋体");
+        const OwnedFont font = MakeFont(record);
+        List list(font.Get());
+        AgainstTheList(sheet, list);
+    }
+    return 0;
+}
