@@ -75,7 +75,7 @@ std::int32_t HostAdapter::SaveRecord(std::int32_t, std::int32_t) {
 
 void HostAdapter::ShowMessage(std::string_view text, std::int32_t style) {
     const KeepAlive keep(m_control);
-    ::MessageBoxW(m_control.Window(), WideFromText(text).c_str(),
+    ::MessageBoxW(m_control.DialogOwner(), WideFromText(text).c_str(),
                   WideFromText(MessageCaption).c_str(), static_cast<UINT>(style));
 }
 

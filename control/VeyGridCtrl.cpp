@@ -166,8 +166,9 @@ void CVeyGridCtrl::EditPaste() {
 }
 
 void CVeyGridCtrl::AboutBox() {
-    ::DialogBoxParamW(module::Instance(), MAKEINTRESOURCEW(AboutBoxId), Window(), AboutProcedure,
-                      0);
+    const KeepAlive keep(*this);
+    ::DialogBoxParamW(module::Instance(), MAKEINTRESOURCEW(AboutBoxId), DialogOwner(),
+                      AboutProcedure, 0);
 }
 
 void CVeyGridCtrl::SaveState(ByteSink& sink) {

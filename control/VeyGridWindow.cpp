@@ -63,6 +63,11 @@ LRESULT CVeyGridCtrl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             OnCreate();
             return result;
         }
+        case WM_SHOWWINDOW: {
+            const LRESULT result = CVeyOleControl::OnMessage(message, wParam, lParam);
+            m_host.UpdateScrollBars();
+            return result;
+        }
         case WM_COMMAND:
             if (OnCommand(LOWORD(wParam))) {
                 return 0;
@@ -82,6 +87,8 @@ void CVeyGridCtrl::OnCreate() {
     m_dataAccess = parent == nullptr
                        ? 0
                        : ::SendMessageW(parent, NumberOf(Message::AskFor), AskForDataAccess, 0);
+    m_host.UpdateScrollBars();
+    module::SetMainWindow(Window());
 }
 
 std::optional<LRESULT> CVeyGridCtrl::OnRegisteredMessage(UINT message, WPARAM wParam,

@@ -64,13 +64,13 @@ class Container final : public IOleClientSite, public IOleInPlaceSite {
     }
     STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(++References); }
     STDMETHODIMP_(ULONG) Release() override { return static_cast<ULONG>(--References); }
-    STDMETHODIMP SaveObject() override { return S_OK; }
+    STDMETHODIMP SaveObject() override { return Note("SaveObject"); }
     STDMETHODIMP GetMoniker(DWORD, DWORD, IMoniker**) override { return E_NOTIMPL; }
     STDMETHODIMP GetContainer(IOleContainer** container) override {
         *container = nullptr;
         return E_NOINTERFACE;
     }
-    STDMETHODIMP ShowObject() override { return S_OK; }
+    STDMETHODIMP ShowObject() override { return Note("ShowObject"); }
     STDMETHODIMP OnShowWindow(BOOL) override { return S_OK; }
     STDMETHODIMP RequestNewObjectLayout() override { return E_NOTIMPL; }
     STDMETHODIMP GetWindow(HWND* window) override {
@@ -78,9 +78,9 @@ class Container final : public IOleClientSite, public IOleInPlaceSite {
         return S_OK;
     }
     STDMETHODIMP ContextSensitiveHelp(BOOL) override { return S_OK; }
-    STDMETHODIMP CanInPlaceActivate() override { return S_OK; }
-    STDMETHODIMP OnInPlaceActivate() override { return S_OK; }
-    STDMETHODIMP OnUIActivate() override { return S_OK; }
+    STDMETHODIMP CanInPlaceActivate() override { return Note("CanInPlaceActivate"); }
+    STDMETHODIMP OnInPlaceActivate() override { return Note("OnInPlaceActivate"); }
+    STDMETHODIMP OnUIActivate() override { return Note("OnUIActivate"); }
     STDMETHODIMP GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document,
                                   LPRECT position, LPRECT clip,
                                   LPOLEINPLACEFRAMEINFO info) override {
@@ -91,18 +91,24 @@ class Container final : public IOleClientSite, public IOleInPlaceSite {
         return S_OK;
     }
     STDMETHODIMP Scroll(SIZE) override { return S_OK; }
-    STDMETHODIMP OnUIDeactivate(BOOL) override { return S_OK; }
-    STDMETHODIMP OnInPlaceDeactivate() override { return S_OK; }
+    STDMETHODIMP OnUIDeactivate(BOOL) override { return Note("OnUIDeactivate"); }
+    STDMETHODIMP OnInPlaceDeactivate() override { return Note("OnInPlaceDeactivate"); }
     STDMETHODIMP DiscardUndoState() override { return S_OK; }
     STDMETHODIMP DeactivateAndUndo() override { return S_OK; }
     STDMETHODIMP OnPosRectChange(LPCRECT) override { return S_OK; }
 
     long References = 1;
     RECT Place{0, 0, 300, 200};
+    std::vector<std::string> Calls;
     // Asked for what this site does not have itself; not held.
     IUnknown* Extra = nullptr;
 
   private:
+    HRESULT Note(const char* call) {
+        Calls.emplace_back(call);
+        return S_OK;
+    }
+
     HWND m_window = nullptr;
     bool m_isOwn = false;
     ComPtr<IOleObject> m_object;

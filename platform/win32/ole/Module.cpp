@@ -11,6 +11,7 @@ namespace {
 
 HINSTANCE g_instance = nullptr;
 std::atomic<long> g_locks = 0;
+std::atomic<HWND> g_mainWindow = nullptr;
 
 }  // namespace
 
@@ -39,6 +40,15 @@ std::wstring String(UINT id) {
     const wchar_t* text = nullptr;
     const int length = ::LoadStringW(g_instance, id, reinterpret_cast<wchar_t*>(&text), 0);
     return length > 0 ? std::wstring(text, static_cast<std::size_t>(length)) : std::wstring();
+}
+
+void SetMainWindow(HWND window) {
+    g_mainWindow = window;
+}
+
+HWND MainWindow() {
+    const HWND window = g_mainWindow;
+    return ::IsWindow(window) ? window : nullptr;
 }
 
 void Lock() {

@@ -16,6 +16,11 @@ std::wstring FileName();
 // Text of a string resource; empty when there is none.
 std::wstring String(UINT id);
 
+// The window that owns dialogs which have no other owner: the control's that was made last. Null
+// when it is gone.
+void SetMainWindow(HWND window);
+HWND MainWindow();
+
 void Lock();
 void Unlock();
 bool IsLocked();

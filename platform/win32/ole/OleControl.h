@@ -85,6 +85,8 @@ class CVeyOleControl : public OleObject {
 
     // Activation in the container's window.
     HWND Window() const { return m_window; }
+    // For the dialogs of the control; null when the module has no window at all.
+    HWND DialogOwner() const { return m_window != nullptr ? m_window : module::MainWindow(); }
     bool IsInPlaceActive() const { return m_inPlaceSite != nullptr; }
     bool IsUIActive() const { return m_uiActive; }
     HRESULT DoVerb(LONG verb, HWND parent);

@@ -62,6 +62,21 @@ bool DeleteTree(RegistrationScope scope, const std::wstring& path) {
     return status == ERROR_SUCCESS || status == ERROR_FILE_NOT_FOUND;
 }
 
+// True when the key is gone: it held neither keys nor values, or was not there.
+bool DeleteWhenEmpty(RegistrationScope scope, const std::wstring& path) {
+    HKEY key = nullptr;
+    if (::RegOpenKeyExW(RootOf(scope), ClassesPath(path).c_str(), 0, KEY_READ, &key) !=
+        ERROR_SUCCESS) {
+        return true;
+    }
+    DWORD keys = 1;
+    DWORD values = 0;
+    ::RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr,
+                       nullptr, nullptr, nullptr);
+    ::RegCloseKey(key);
+    return keys == 0 && values == 0 && DeleteTree(scope, path);
+}
+
 std::wstring ReadDefault(RegistrationScope scope, const std::wstring& path) {
     wchar_t text[MAX_PATH] = {};
     DWORD size = sizeof text;
@@ -109,6 +124,10 @@ bool WriteLibrary(RegistrationScope scope, const std::wstring& path, const Class
 }
 
 constexpr SYSKIND SystemKind = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
+constexpr const wchar_t* SystemName = SystemKind == SYS_WIN64 ? L"win64" : L"win32";
+
+// The system's own proxy for dispatch interfaces.
+constexpr const wchar_t* DispatchProxy = L"{00020420-0000-0000-C000-000000000046}";
 
 std::wstring LibraryPath(const TypeLibraryId& library) {
     return L"TypeLib\\" + GuidText(library.id);
@@ -148,15 +167,14 @@ bool WriteUserLibrary(const TypeLibraryId& library) {
     Require(module::TypeLibrary()->GetDocumentation(MEMBERID_NIL, nullptr, title.Address(), nullptr,
                                                     nullptr));
     return Write(User, path, title.Get() == nullptr ? L"" : title.Get()) &&
-           Write(User, path + L"\\0\\" + (SystemKind == SYS_WIN64 ? L"win64" : L"win32"), file) &&
+           Write(User, path + L"\\0\\" + SystemName, file) &&
            Write(User, path + L"\\FLAGS", std::to_wstring(LIBFLAG_FCONTROL)) &&
            Write(User, path + L"\\HELPDIR", file.substr(0, file.find_last_of(L'\\'))) &&
            ForEachInterface([&](const GUID& guid, const std::wstring& name) {
                const std::wstring key = L"Interface\\" + GuidText(guid);
-               // The system's own proxy for dispatch interfaces.
                return Write(User, key, name) &&
-                      Write(User, key + L"\\ProxyStubClsid32",
-                            L"{00020420-0000-0000-C000-000000000046}") &&
+                      Write(User, key + L"\\ProxyStubClsid", DispatchProxy) &&
+                      Write(User, key + L"\\ProxyStubClsid32", DispatchProxy) &&
                       Key(RootOf(User), ClassesPath(key + L"\\TypeLib"))
                           .Set(L"", GuidText(library.id))
                           .Set(L"Version", VersionText(library))
@@ -164,12 +182,22 @@ bool WriteUserLibrary(const TypeLibraryId& library) {
            });
 }
 
+// The other kind of system may have its own entry beside ours, and a library other versions.
 bool DeleteUserLibrary(const TypeLibraryId& library) {
     constexpr auto User = RegistrationScope::User;
-    const bool interfaces = ForEachInterface([](const GUID& guid, const std::wstring&) {
-        return DeleteTree(User, L"Interface\\" + GuidText(guid));
-    });
-    return DeleteTree(User, LibraryPath(library)) && interfaces;
+    const std::wstring version = LibraryPath(library) + L"\\" + VersionText(library);
+    bool done = DeleteTree(User, version + L"\\0\\" + SystemName);
+    if (DeleteWhenEmpty(User, version + L"\\0")) {
+        done = DeleteTree(User, version) && done;
+        done = ForEachInterface([](const GUID& guid, const std::wstring&) {
+                   return DeleteTree(User, L"Interface\\" + GuidText(guid));
+               }) &&
+               done;
+    }
+    DeleteWhenEmpty(User, LibraryPath(library));
+    DeleteWhenEmpty(User, L"TypeLib");
+    DeleteWhenEmpty(User, L"Interface");
+    return done;
 }
 
 }  // namespace
@@ -217,6 +245,9 @@ bool UnregisterClass(RegistrationScope scope, const ClassEntry& entry) {
     if (entry.progId != nullptr &&
         ReadDefault(scope, std::wstring(entry.progId) + L"\\CLSID") == GuidText(entry.clsid)) {
         done = DeleteTree(scope, entry.progId) && done;
+    }
+    if (scope == RegistrationScope::User) {
+        DeleteWhenEmpty(scope, L"CLSID");
     }
     return done;
 }
