@@ -133,6 +133,7 @@ struct Dumper {
     std::string operator()(const BitBlt& op) const {
         return "BitBlt " + Text(op.to) + " " + Size(op.width, op.height);
     }
+    std::string operator()(const Remark& op) const { return op.line; }
 };
 
 }  // namespace

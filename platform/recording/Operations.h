@@ -76,10 +76,15 @@ struct BitBlt {
     std::int32_t height;
 };
 
+// What happened beside the surface, so that the order of all calls is seen.
+struct Remark {
+    std::string line;  // UTF-8
+};
+
 using Operation =
     std::variant<SetBkColor, SetBkMode, SetTextColor, SelectStockFont, SelectFont, SelectFormerFont,
                  SelectPen, FillSolidRect, Draw3dRect, DrawFrameControl, DrawText, MoveTo, LineTo,
-                 SetPixel, InvertRect, DrawFocusRect, CreateDIBitmap, BitBlt>;
+                 SetPixel, InvertRect, DrawFocusRect, CreateDIBitmap, BitBlt, Remark>;
 
 // One line without its end: the name of the operation, then positions as left,top,right,bottom or
 // x,y, colours as 0xBBGGRR and texts in UTF-8 between quotes, with control characters as \n, \t

@@ -53,6 +53,8 @@ class RecordingSurface final : public Surface {
     void BitBlt(Point to, std::int32_t width, std::int32_t height,
                 const SurfaceBitmap& bitmap) override;
 
+    // A line between the operations, in UTF-8.
+    void Remark(std::string line) { Add(recorded::Remark{std::move(line)}); }
     // All operations so far, one line each.
     std::string Dump() const;
 

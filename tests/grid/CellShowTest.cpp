@@ -64,6 +64,19 @@ class CellShow : public ::testing::Test {
     FakeCombos m_combos;
 };
 
+TEST_F(CellShow, ShownTextRefCopiesNothingWhereTextIsShownAsStored) {
+    std::string buffer;
+    const std::string stored = "20030814";
+    for (const char* const showFormat : {"", "General", "#,##0.00", "[cb_text]"}) {
+        const std::string_view shown = ShownTextRef(stored, showFormat, 1, 1, nullptr, buffer);
+        EXPECT_EQ(shown.data(), stored.data());
+    }
+    EXPECT_EQ(ShownTextRef(stored, "yyyy-m-d", 1, 1, nullptr, buffer), "2003-8-14");
+    // A text that lies in the buffer itself.
+    buffer = "20030814";
+    EXPECT_EQ(ShownTextRef(buffer, "yyyy-m-d", 1, 1, nullptr, buffer), "2003-8-14");
+}
+
 TEST_F(CellShow, RowAndColumn0ReadTheActiveCellUnderTheFormatOfTheSheet) {
     m_store.ActiveRow = 2;
     m_store.ActiveCol = 3;
