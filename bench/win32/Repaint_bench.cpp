@@ -4,6 +4,8 @@
 
 #include <commctrl.h>
 
+#include <cstdlib>
+
 #include "bench/Ratio.h"
 #include "control/ClassIds.h"
 #include "platform/win32/GdiFonts.h"
@@ -16,6 +18,8 @@ constexpr int Width = 1600;
 constexpr int Height = 1000;
 constexpr int Rows = 1'000'000;
 constexpr int Cols = 25;
+// More than fit into the window.
+constexpr int RowsOfAView = 130;
 constexpr int RowHeaderWidth = 50;
 constexpr int ColWidth = 60;
 
@@ -35,6 +39,21 @@ void Flush() {
     ::GdiFlush();
 }
 
+// What is hidden costs nothing to paint.
+void RequireWholeOnScreen(HWND window) {
+    RECT client{};
+    RECT seen{};
+    ::GetClientRect(window, &client);
+    const HDC target = ::GetDC(window);
+    const int kind = ::GetClipBox(target, &seen);
+    ::ReleaseDC(window, target);
+    if (kind != SIMPLEREGION || !::EqualRect(&seen, &client)) {
+        std::printf(
+            "the screen is too small for two windows of 1600 by 1000, one below the other\n");
+        std::exit(1);
+    }
+}
+
 void FullRepaint(HWND window) {
     ::InvalidateRect(window, nullptr, TRUE);
     ::UpdateWindow(window);
@@ -46,16 +65,17 @@ class Sheet {
     Sheet() {
         ::SetWindowPos(m_container.Window(), nullptr, 0, 0, Width, Height,
                        SWP_NOZORDER | SWP_NOACTIVATE);
-        m_grid.Put(L"MaxRow", {Rows});
+        m_grid.Put(L"MaxRow", {Rows + RowsOfAView});
         m_grid.Put(L"MaxCol", {Cols});
         m_container.Show(m_control);
         m_window = Container::WindowOf(m_control);
         ::SetWindowPos(m_window, nullptr, 0, 0, Width, Height, SWP_NOZORDER | SWP_NOACTIVATE);
         ::UpdateWindow(m_window);
+        RequireWholeOnScreen(m_window);
     }
     // Fills the rows that a view beginning at `row` shows, and goes there.
     void FillAndShow(int row) {
-        for (int r = row; r < row + 130 && r <= Rows; ++r) {
+        for (int r = row; r < row + RowsOfAView; ++r) {
             for (int col = 1; col <= Cols; ++col) {
                 m_grid.Put(L"CellText", {r, col, TextOf(r, col).c_str()});
             }
@@ -89,7 +109,7 @@ class List {
         const INITCOMMONCONTROLSEX wanted{sizeof wanted, ICC_LISTVIEW_CLASSES};
         ::InitCommonControlsEx(&wanted);
         m_parent = ::CreateWindowExW(WS_EX_TOOLWINDOW, L"STATIC", L"peer", WS_POPUP | WS_VISIBLE, 0,
-                                     0, Width, Height, nullptr, nullptr, nullptr, nullptr);
+                                     Height, Width, Height, nullptr, nullptr, nullptr, nullptr);
         s_before = reinterpret_cast<WNDPROC>(
             ::SetWindowLongPtrW(m_parent, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Answer)));
         m_window = ::CreateWindowExW(0, WC_LISTVIEWW, L"",
@@ -141,7 +161,7 @@ class List {
                 static std::wstring text;
                 const int row = asked->item.iItem + 1;
                 const int col = asked->item.iSubItem;
-                text = col == 0 ? std::to_wstring(row) : s_texts(row, col);
+                text = col == 0 ? std::to_wstring(row) : TextOf(row, col);
                 asked->item.pszText = text.data();
             }
         }
@@ -149,7 +169,6 @@ class List {
     }
 
     static inline WNDPROC s_before = nullptr;
-    static inline std::wstring (*s_texts)(int, int) = TextOf;
     HWND m_parent = nullptr;
     HWND m_window = nullptr;
 };
@@ -185,13 +204,32 @@ void AgainstTheList(Sheet& sheet, List& list) {
     Ratio("scrolling by one row, against the list view", 1.0)
         .Run([&] { return scroll(sheet, SB_LINEDOWN, SB_LINEUP); },
              [&] { return scroll(list, SB_LINEDOWN, SB_LINEUP); }, 9);
-    for (int row = 131; row < 131 + Count * 60; row += 130) {
+    for (int row = 1; row < Count * RowsOfAView; row += RowsOfAView) {
         sheet.FillAndShow(row);
     }
     sheet.Show(1);
     Ratio("scrolling by one page, against the list view", 1.0)
         .Run([&] { return scroll(sheet, SB_PAGEDOWN, SB_PAGEUP); },
              [&] { return scroll(list, SB_PAGEDOWN, SB_PAGEUP); }, 9);
+}
+
+// Where in the sheet the view stands must not matter.
+void DownTheSheet(Sheet& sheet) {
+    constexpr int Tab = 9;
+    for (int row = 1; row <= Rows; ++row) {
+        sheet.Grid().Call(L"SetRowData", {row, 1, TextOf(row, 1).c_str(), Tab});
+    }
+    constexpr int Near = 10;
+    constexpr int Count = 10;
+    for (const int row : {100'000, Rows}) {
+        const auto at = [&](int place) {
+            sheet.FillAndShow(place);
+            return Repaints(sheet.Window(), Count);
+        };
+        const std::string what = "full repaint at row " + std::to_string(row) +
+                                 " of a million filled ones, against row 10";
+        Ratio(what, 1.1).Run([&] { return at(row); }, [&] { return at(Near); }, 15);
+    }
 }
 
 }  // namespace
@@ -209,7 +247,9 @@ int main() {
         ::lstrcpyW(record.lfFaceName, L"宋体");
         const OwnedFont font = MakeFont(record);
         List list(font.Get());
+        RequireWholeOnScreen(sheet.Window());
         AgainstTheList(sheet, list);
+        DownTheSheet(sheet);
     }
     return 0;
 }

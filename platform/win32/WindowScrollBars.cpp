@@ -1,6 +1,8 @@
 // The scroll bars of a window.
 #include "platform/win32/WindowScrollBars.h"
 
+#include <algorithm>
+
 namespace veygrid {
 
 namespace {
@@ -38,8 +40,11 @@ std::int32_t WindowScrollBars::GetScrollPos(ScrollBar bar) const {
     return m_window == nullptr ? 0 : ::GetScrollPos(m_window, BarNumber(bar));
 }
 
+// A bar that would not move is not painted again.
 void WindowScrollBars::SetScrollPos(ScrollBar bar, std::int32_t position) {
-    if (m_window != nullptr) {
+    const ScrollRange range = GetScrollRange(bar);
+    if (m_window != nullptr &&
+        std::max(std::min(position, range.max), range.min) != GetScrollPos(bar)) {
         ::SetScrollPos(m_window, BarNumber(bar), position, IsShown(bar));
     }
 }

@@ -299,6 +299,24 @@ TEST_F(SheetTest, MovingTheActiveCellLeavesThePictureOfAFullRepaint) {
     }
 }
 
+TEST_F(SheetTest, MovingTheActiveCellIsOnePaint) {
+    int paints = 0;
+    EventSink sink([&](DISPID id, DISPPARAMS& parameters) {
+        paints += id == RequestCellFormatId && parameters.rgvarg[2].lVal == 1 &&
+                          parameters.rgvarg[1].lVal == 1
+                      ? 1
+                      : 0;
+    });
+    const Connected connected(control, VeyGridEventsId, &sink);
+    grid.Call(L"SetActiveCell", {4, 3});
+    MSG message;
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        ::DispatchMessageW(&message);
+    }
+    EXPECT_EQ(paints, 1);
+    EXPECT_FALSE(Invalid());
+}
+
 TEST_F(SheetTest, AHeaderRepaintsItsBox) {
     grid.Put(L"RowHeader", {3, L"r"});
     std::optional<RECT> invalid = Invalid();
