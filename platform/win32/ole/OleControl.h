@@ -90,9 +90,13 @@ class CVeyOleControl : public OleObject {
     IDataAdviseHolder& DataAdvise();
     ViewPart& View() { return m_view; }
 
+    // A host whose handlers bring about their own event is told of it only so many times over, lest
+    // the stack run out.
+    static constexpr int MostNestedEvents = 64;
     template <class... Args>
     void FireEvent(DISPID id, Args... args) {
-        if (m_freezeCount == 0 && !m_connections.Events().IsEmpty()) {
+        if (m_freezeCount == 0 && m_nestedEvents < MostNestedEvents &&
+            !m_connections.Events().IsEmpty()) {
             const KeepAlive keep(*this);
             FireWith(id, EventArgument(args)...);
         }
@@ -142,12 +146,19 @@ class CVeyOleControl : public OleObject {
   private:
     template <class... Arguments>
     void FireWith(DISPID id, Arguments... arguments) {
+        struct Nested {
+            explicit Nested(int& count) : m_count(count) { ++m_count; }
+            ~Nested() { --m_count; }
+            int& m_count;
+        };
+        const Nested nested(m_nestedEvents);
         veygrid::FireEvent(m_connections.Events(), id, {&arguments...});
     }
     template <class Value>
     void ChangeStock(DISPID id, Value& member, Value value);
 
     HRESULT InPlaceActivate(bool withUI, HWND parent);
+    void EnterSite(IOleInPlaceSite& site, HWND parent);
     HRESULT UIActivate();
     void MakeWindow(HWND parent, const RECT& position);
     void Paint();
@@ -187,6 +198,7 @@ class CVeyOleControl : public OleObject {
     bool m_modified = false;
     bool m_leftDown = false;
     int m_freezeCount = 0;
+    int m_nestedEvents = 0;
     std::optional<MSG> m_filtered;
 };
 
