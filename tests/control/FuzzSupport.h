@@ -268,13 +268,41 @@ struct Handles {
     DWORD user = ::GetGuiResources(::GetCurrentProcess(), GR_USEROBJECTS);
 };
 
+// Tells which session crashed, and ends the program at once.
+class CrashTold {
+  public:
+    CrashTold() : m_before(::SetUnhandledExceptionFilter(OnCrash)) {}
+    CrashTold(const CrashTold&) = delete;
+    CrashTold& operator=(const CrashTold&) = delete;
+    ~CrashTold() { ::SetUnhandledExceptionFilter(m_before); }
+
+    static inline unsigned seed = 0;
+
+  private:
+    static LONG WINAPI OnCrash(EXCEPTION_POINTERS* pointers) {
+        const auto* const module = reinterpret_cast<const char*>(Ocx::Handle());
+        const auto* const place =
+            static_cast<const char*>(pointers->ExceptionRecord->ExceptionAddress);
+        std::printf("exception %lX at VeyGrid.ocx+%llX in VEYGRID_FUZZ_SEED=%u\n",
+                    pointers->ExceptionRecord->ExceptionCode,
+                    static_cast<unsigned long long>(place - module), seed);
+        std::fflush(stdout);
+        ::TerminateProcess(::GetCurrentProcess(), 3);
+        return EXCEPTION_EXECUTE_HANDLER;
+    }
+
+    LPTOP_LEVEL_EXCEPTION_FILTER m_before;
+};
+
 // Runs sessions, each with a seed of its own, until the time is over; then the counts are compared
 // with those after the first one. Each session leaves a module that may be unloaded.
 template <class Session>
 void RunSessions(Session session) {
     const FuzzFolder folder;
     const DialogsClosed closed;
-    unsigned seed = FuzzSeed();
+    const CrashTold told;
+    unsigned& seed = CrashTold::seed;
+    seed = FuzzSeed();
     const auto once = [&] {
         Random random(seed);
         session(random);
