@@ -1,7 +1,8 @@
 # Sourced where Windows programs run under Wine. WINEPREFIX is the caller's to set, or own_prefix sets
 # it; that one needs tools/steps.sh.
 
-export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=${WINEDLLOVERRIDES-mscoree,mshtml=}
+# Without its debugger, a crash ends a program at once.
+export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=${WINEDLLOVERRIDES-mscoree,mshtml,winedbg.exe=}
 
 wine_settings=$(dirname "${BASH_SOURCE[0]}")/wine-settings.reg
 
@@ -20,10 +21,10 @@ own_prefix() {
     step "the Wine prefix" prepare_wine
 }
 
-# on_virtual_display COMMAND...: the display must not end before the session that uses it does.
+# on_virtual_display COMMAND...: VEY_SCREEN is its size in pixels. The display must not end before the session that uses it does.
 on_virtual_display() {
     # shellcheck disable=SC2016
-    xvfb-run -a -s "-screen 0 1280x1024x24" bash -c '
+    xvfb-run -a -s "-screen 0 ${VEY_SCREEN:-1280x1024}x24" bash -c '
         result=0
         "$@" || result=$?
         wineserver -w

@@ -116,7 +116,9 @@ STDMETHODIMP OleObjectPart::GetExtent(DWORD aspect, SIZEL* extent) {
 }
 
 STDMETHODIMP OleObjectPart::Advise(IAdviseSink* sink, DWORD* cookie) {
-    return Answered(cookie, [&] { return m_owner.OleAdvise().Advise(sink, cookie); });
+    return Answered(cookie, [&] {
+        return sink == nullptr ? E_POINTER : m_owner.OleAdvise().Advise(sink, cookie);
+    });
 }
 
 STDMETHODIMP OleObjectPart::Unadvise(DWORD cookie) {

@@ -79,28 +79,46 @@ HRESULT CVeyOleControl::InPlaceActivate(bool withUI, HWND parent) {
     if (m_inPlaceSite == nullptr) {
         ComPtr<IOleInPlaceSite> site;
         Require(m_site.As(&site));
-        if (site->CanInPlaceActivate() != S_OK) {
+        if (site->CanInPlaceActivate() != S_OK || m_site == nullptr) {
             return E_FAIL;
         }
         Require(site->OnInPlaceActivate());
         m_inPlaceSite = site;
-        HWND container = nullptr;
-        RECT position{};
-        RECT clip{};
-        OLEINPLACEFRAMEINFO info{};
-        info.cb = sizeof info;
-        if (FAILED(site->GetWindow(&container)) || container == nullptr) {
-            container = parent;
+        try {
+            EnterSite(*site.Get(), parent);
+        } catch (...) {
+            InPlaceDeactivate();
+            throw;
         }
-        m_frame = nullptr;
-        m_document = nullptr;
-        Require(site->GetWindowContext(&m_frame, &m_document, &position, &clip, &info));
-        MakeWindow(container, position);
-        SetObjectRects(position, clip);
-        m_site->ShowObject();
     }
-    ::ShowWindow(m_window, SW_SHOWNA);
+    if (m_window != nullptr) {
+        ::ShowWindow(m_window, SW_SHOWNA);
+    }
     return withUI ? UIActivate() : S_OK;
+}
+
+// The site may close the control in any of its answers.
+void CVeyOleControl::EnterSite(IOleInPlaceSite& site, HWND parent) {
+    HWND container = nullptr;
+    RECT position{};
+    RECT clip{};
+    OLEINPLACEFRAMEINFO info{};
+    info.cb = sizeof info;
+    if (FAILED(site.GetWindow(&container)) || container == nullptr) {
+        container = parent;
+    }
+    ComPtr<IOleInPlaceFrame> frame;
+    ComPtr<IOleInPlaceUIWindow> document;
+    Require(site.GetWindowContext(&frame, &document, &position, &clip, &info));
+    const ComPtr<IOleClientSite> client = m_site;
+    if (client == nullptr || m_inPlaceSite == nullptr) {
+        throw OleError{E_FAIL};
+    }
+    m_frame = frame;
+    m_document = document;
+    MakeWindow(container, position);
+    SetObjectRects(position, clip);
+    client->ShowObject();
 }
 
 void CVeyOleControl::MakeWindow(HWND parent, const RECT& position) {
@@ -120,7 +138,8 @@ HRESULT CVeyOleControl::UIActivate() {
         return m_inPlaceSite == nullptr ? E_FAIL : S_OK;
     }
     m_uiActive = true;
-    const HRESULT allowed = m_inPlaceSite->OnUIActivate();
+    const ComPtr<IOleInPlaceSite> site = m_inPlaceSite;
+    const HRESULT allowed = site->OnUIActivate();
     if (FAILED(allowed) || m_inPlaceSite == nullptr) {
         m_uiActive = false;
         return FAILED(allowed) ? allowed : E_FAIL;
@@ -180,8 +199,9 @@ HRESULT CVeyOleControl::InPlaceDeactivate() {
 }
 
 HRESULT CVeyOleControl::Close(DWORD save) {
-    if (save != OLECLOSE_NOSAVE && m_modified && m_site != nullptr) {
-        m_site->SaveObject();
+    const ComPtr<IOleClientSite> site = m_site;
+    if (save != OLECLOSE_NOSAVE && m_modified && site != nullptr) {
+        site->SaveObject();
     }
     InPlaceDeactivate();
     if (m_oleAdvise != nullptr) {

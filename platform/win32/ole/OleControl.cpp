@@ -120,6 +120,10 @@ ComPtr<IDispatch> CVeyOleControl::FontObject() {
 }
 
 void CVeyOleControl::SetFontObject(IDispatch* font) {
+    ComPtr<IFont> access;
+    if (font != nullptr && FAILED(font->QueryInterface(IID_IFont, &access))) {
+        return;  // no font; were it this control itself, it would never be let go
+    }
     m_font = font;
     ChangeStock(DISPID_FONT, Stock().Font, RecordFromFont(font));
 }

@@ -109,9 +109,12 @@ class CVeyOleControl : public OleObject {
 
     // Whether an event would reach anybody.
     bool HasListeners() { return m_freezeCount == 0 && !m_connections.Events().IsEmpty(); }
+    // A host whose handlers bring about their own event is told of it only so many times over, lest
+    // the stack run out.
+    static constexpr int MostNestedEvents = 64;
     template <class... Args>
     void FireEvent(DISPID id, Args... args) {
-        if (HasListeners()) {
+        if (HasListeners() && m_nestedEvents < MostNestedEvents) {
             const KeepAlive keep(*this);
             FireWith(id, EventArgument(args)...);
         }
@@ -160,6 +163,12 @@ class CVeyOleControl : public OleObject {
   private:
     template <class... Arguments>
     void FireWith(DISPID id, Arguments... arguments) {
+        struct Nested {
+            explicit Nested(int& count) : m_count(count) { ++m_count; }
+            ~Nested() { --m_count; }
+            int& m_count;
+        };
+        const Nested nested(m_nestedEvents);
         veygrid::FireEvent(m_connections.Events(), id, {&arguments...});
     }
     template <class Value>
@@ -171,6 +180,7 @@ class CVeyOleControl : public OleObject {
     std::vector<ComPtr<IPropertyPage>> MakePages() const;
 
     HRESULT InPlaceActivate(bool withUI, HWND parent);
+    void EnterSite(IOleInPlaceSite& site, HWND parent);
     HRESULT UIActivate();
     void MakeWindow(HWND parent, const RECT& position);
     void Paint();
@@ -211,6 +221,7 @@ class CVeyOleControl : public OleObject {
     bool m_modified = false;
     bool m_leftDown = false;
     int m_freezeCount = 0;
+    int m_nestedEvents = 0;
 };
 
 }  // namespace veygrid

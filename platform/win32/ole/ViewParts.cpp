@@ -284,7 +284,7 @@ STDMETHODIMP DataPart::EnumFormatEtc(DWORD direction, IEnumFORMATETC** target) {
 }
 
 STDMETHODIMP DataPart::DAdvise(FORMATETC* format, DWORD flags, IAdviseSink* sink, DWORD* cookie) {
-    if (format == nullptr) {
+    if (format == nullptr || sink == nullptr) {
         return E_POINTER;
     }
     return Answered(cookie,
