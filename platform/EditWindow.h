@@ -8,6 +8,10 @@
 
 #include "platform/Geometry.h"
 
+// The system's headers make these names macros.
+#undef GetWindowText
+#undef SetWindowText
+
 namespace veygrid {
 
 // The operations bear the platform's names and do what the platform's do. All but Create and

@@ -19,7 +19,7 @@ class KeyboardHost {
   public:
     virtual ~KeyboardHost() = default;
 
-    virtual bool GuiDesignMode() { return false; }
+    virtual bool GuiDesignMode() const { return false; }
     virtual bool HasToolbox() { return false; }
     // Deletes the selected form objects after a question.
     virtual void DeleteSelectedObjects() {}

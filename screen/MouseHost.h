@@ -51,7 +51,7 @@ class DesignMouse {
   public:
     virtual ~DesignMouse() = default;
 
-    virtual bool GuiDesignMode() { return false; }
+    virtual bool GuiDesignMode() const { return false; }
     virtual DesignPress OnPress(std::uint32_t /*flags*/, Point /*point*/) { return {}; }
     // The focus rectangles of the selected objects, offset by that much.
     virtual void DrawDragRects(Surface& /*surface*/, std::int32_t /*dx*/, std::int32_t /*dy*/) {}

@@ -17,6 +17,7 @@
 #include "screen/KeyboardMachine.h"
 #include "screen/MouseMachine.h"
 #include "screen/Scrolling.h"
+#include "screen/SelectionDrawing.h"
 #include "screen/SheetLayout.h"
 #include "valuetext/CodePage936.h"
 
@@ -48,6 +49,7 @@ class DeskSurface final : public Surface {
     void SetTextColor(Color) override {}
     void SelectStockFont() override {}
     void SelectFont(const LogFont&) override {}
+    void SelectFormerFont() override {}
     void SelectPen(Color) override {}
     void FillSolidRect(const Rect&, Color) override {}
     void Draw3dRect(const Rect&, Color, Color) override {}
@@ -265,7 +267,7 @@ class EditDesk : public SheetRecorder,
     void DrawSelectionFrame(Surface&) override { Tell("DrawSelectionFrame"); }
 
     // The form layer.
-    bool GuiDesignMode() override { return designMode; }
+    bool GuiDesignMode() const override { return designMode; }
     bool HasToolbox() override { return hasToolbox; }
     void DeleteSelectedObjects() override { Tell("DeleteSelectedObjects"); }
     bool FocusNextObject() override {
@@ -360,6 +362,15 @@ class DeskEdit final : public EditWindow {
     bool m_isModified = false;
 };
 
+// What the drawing of the selection asks: nothing but plain colours.
+class DeskDrawing final : public DrawingHost {
+  public:
+    bool HasWindow() const override { return true; }
+    std::uint32_t GetForeColor() const override { return Black; }
+    std::uint32_t AmbientBackColor() const override { return White; }
+    Color TranslateColor(std::uint32_t color) const override { return color; }
+};
+
 // The sheet of a new control, painted once in a window of 400 by 300: cells begin at (50, 20), rows
 // are 18 and columns 60 pixels.
 class EditedSheet {
@@ -436,6 +447,13 @@ class EditedSheet {
     std::int32_t KeyStroke(std::uint32_t key) {
         KeyDown(key);
         return Pump();
+    }
+
+    // As a paint leaves it; its rim can be pressed.
+    void DrawFrame() {
+        DeskDrawing drawing;
+        DeskSurface nowhere([](const std::string&) {});
+        DrawSelectionFrame({store, selection, layout, drawing, {}}, nowhere);
     }
 
     CellPos Active() const { return {store.ActiveRow, store.ActiveCol}; }

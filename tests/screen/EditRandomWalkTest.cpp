@@ -288,15 +288,6 @@ class RandomWalk : public EditedSheet {
         --m_nested;
     }
 
-    // The frame of one range, as the drawing leaves it.
-    void DrawFrame() {
-        CellRange range;
-        selection.GetSelection(0, range);
-        layout.m_rcSelFrame = selection.SelectionList.size() > 1 || range.IsWholeSheet()
-                                  ? Rect{}
-                                  : layout.RangeRect(range).Inflated(2, 2);
-    }
-
     std::mt19937 m_random;
     bool m_isFriendly = false;
     std::int32_t m_nested = 0;

@@ -17,7 +17,7 @@ class MouseCellMoveTest : public EditDeskTest {
     // Selects a range, draws its frame, and presses on the frame's rim.
     void PressFrame(const CellRange& range, std::uint32_t flags = 0) {
         selection.SelectionList = {range};
-        layout.m_rcSelFrame = layout.RangeRect(range).Inflated(2, 2);
+        DrawFrame();
         const Point rim{std::max(layout.m_rcSelFrame.left + 1, 55),
                         std::max(layout.m_rcSelFrame.top + 1, 25)};
         ASSERT_EQ(layout.HitTest(rim), HitCode::HitSelFrame);

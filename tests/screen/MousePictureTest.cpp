@@ -107,13 +107,6 @@ class MousePictureTest : public EditDeskTest {
                 return {Number(0, 380), Number(0, 299)};
         }
     }
-    void DrawFrame() {
-        CellRange range;
-        selection.GetSelection(0, range);
-        layout.m_rcSelFrame = selection.SelectionList.size() > 1 || range.IsWholeSheet()
-                                  ? Rect{}
-                                  : layout.RangeRect(range).Inflated(2, 2);
-    }
 
     Picture picture{*this};
 
