@@ -64,7 +64,8 @@ class ComObject : public First, public Others... {
 template <typename Class, typename... Arguments>
 ComPtr<Class> MakeCom(Arguments&&... arguments) {
     ComPtr<Class> made;
-    made.Attach(new Class(std::forward<Arguments>(arguments)...));
+    // Attach of this compiler's ComPtr would add a reference to the one that a new object has.
+    *made.GetAddressOf() = new Class(std::forward<Arguments>(arguments)...);
     return made;
 }
 
