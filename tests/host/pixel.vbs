@@ -2,6 +2,6 @@
 ' args: /size 900 400
 Grid.BackColor = RGB(16, 32, 48)
 Host.Pump 50
-Check "background", Hex(Host.Pixel(880, 380)), Hex(RGB(16, 32, 48))
+Check "background", Hex(Host.Pixel(700, 300)), Hex(RGB(16, 32, 48))
 Check "outside", Host.Pixel(900, 0) & Host.Pixel(0, 400) & Host.Pixel(-1, 0), "-1-1-1"
 Host.Log "end"
