@@ -64,10 +64,12 @@ void SheetView::PaintWindow(HDC target, const RECT& bounds, const RECT& invalid)
     }
 }
 
-// Only what the sheet says itself can be known not to have changed since the last paint.
+// Only what the sheet says itself can be known not to have changed since the last paint. While the
+// mouse is held, lines and frames may lie over the picture that the sheet knows nothing of.
 bool SheetView::MovePixels() {
     if (!m_shown || m_store.Properties.GuiMode || m_store.BoundDataset != nullptr ||
-        m_control.HasListeners() || ::GetWindow(m_control.Window(), GW_CHILD) != nullptr ||
+        m_control.HasListeners() || ::GetCapture() == m_control.Window() ||
+        ::GetWindow(m_control.Window(), GW_CHILD) != nullptr ||
         m_layout.m_rcClient != m_bars.GetClientRect()) {
         return false;
     }

@@ -34,18 +34,25 @@ ComPtr<IWICBitmapFrameEncode> BeginPng(IWICImagingFactory* factory, IWICStream* 
 
 Picture TakePicture(HWND window) {
     RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-    RECT client{};
-    GetClientRect(window, &client);
-    Picture picture{static_cast<int>(client.right), static_cast<int>(client.bottom), {}};
+    // From the first client pixel on, with the scroll bars, which stand right and below.
+    RECT whole{};
+    GetWindowRect(window, &whole);
+    POINT client{};
+    ClientToScreen(window, &client);
+    const int border = static_cast<int>(client.x - whole.left);
+    const int top = static_cast<int>(client.y - whole.top);
+    Picture picture{static_cast<int>(whole.right - whole.left) - 2 * border,
+                    static_cast<int>(whole.bottom - whole.top) - 2 * top,
+                    {}};
     const BITMAPINFO format = Format(picture.width, picture.height);
     // Without the clipping of child windows, so that they are in the picture.
-    const HDC source = GetDCEx(window, nullptr, DCX_CACHE);
+    const HDC source = GetDCEx(window, nullptr, DCX_WINDOW | DCX_CACHE);
     const HDC memory = CreateCompatibleDC(source);
     void* bits = nullptr;
     const HBITMAP bitmap = CreateDIBSection(memory, &format, DIB_RGB_COLORS, &bits, nullptr, 0);
     if (bitmap != nullptr) {
         const HGDIOBJ before = SelectObject(memory, bitmap);
-        BitBlt(memory, 0, 0, picture.width, picture.height, source, 0, 0, SRCCOPY);
+        BitBlt(memory, 0, 0, picture.width, picture.height, source, border, top, SRCCOPY);
         GdiFlush();
         const auto* first = static_cast<const UINT32*>(bits);
         picture.pixels.assign(first, first + picture.width * picture.height);

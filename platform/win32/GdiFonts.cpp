@@ -37,13 +37,17 @@ LOGFONTW WideRecord(const LogFont& record) {
 constexpr const wchar_t* StandIns[] = {L"SimSun", L"WenQuanYi Zen Hei Sharp", L"Microsoft YaHei",
                                        L"Noto Sans CJK SC", L"WenQuanYi Zen Hei"};
 
+// Ends the enumeration, so that its answer tells whether there was anything.
+int CALLBACK FoundFace(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM) {
+    return 0;
+}
+
 bool IsInstalled(const wchar_t* face) {
     LOGFONTW wanted{};
     wanted.lfCharSet = DEFAULT_CHARSET;
     ::lstrcpynW(wanted.lfFaceName, face, LF_FACESIZE);
-    const auto found = [](const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM) { return 0; };
     const MemoryDc screen(nullptr);
-    return ::EnumFontFamiliesExW(screen.Get(), &wanted, found, 0, 0) == 0;
+    return ::EnumFontFamiliesExW(screen.Get(), &wanted, FoundFace, 0, 0) == 0;
 }
 
 bool IsChinese(const LOGFONTW& record) {
