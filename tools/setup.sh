@@ -43,10 +43,11 @@ need() {
 }
 
 # wine_prefix makes the Wine prefix of the environment where there is none. Its menus, captions and
-# dialogs show Chinese whatever the code page is.
+# dialogs show Chinese whatever the code page is, on a display without a window manager.
 wine_prefix() {
     [ -d "$WINEPREFIX/drive_c" ] || wineboot --init || return 1
-    wine reg import "$VEY_ROOT/tools/chinese-font.reg"
+    wine reg import "$VEY_ROOT/tools/chinese-font.reg" &&
+        wine reg import "$VEY_ROOT/tools/no-window-manager.reg"
 }
 
 # in_chinese COMMAND... runs it where code page 936 is the system's. The locale for that is made in

@@ -25,9 +25,8 @@ work=$root/build/tests-host
 passed=0
 failed=0
 
-# Without a window manager, Wine waits two seconds for one whenever a window goes away.
 prepare_wine() {
-    wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
+    wine reg import "$root/tools/no-window-manager.reg" >/dev/null 2>&1
 }
 
 check_code_page() {
