@@ -23,6 +23,8 @@ class Variant : public VARIANT {
     static Variant Of(long value);
     static Variant Of(bool value);
     static Variant Of(std::wstring_view value);
+    // Without it, a literal would count as true.
+    static Variant Of(const wchar_t* value) { return Of(std::wstring_view(value)); }
     // Takes a reference of its own; null makes the "Nothing" of scripts.
     static Variant Of(IDispatch* value);
     // An array of variants, as scripts want them.
