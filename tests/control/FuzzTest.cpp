@@ -16,7 +16,8 @@ using Random = std::mt19937;
 
 // Members that open a modal window or write a file are left to tests of their own.
 bool IsLeftOut(std::string_view name) {
-    return name == "AboutBox" || name == "SaveFile" || name == "SendCommand" || name == "EditPaste";
+    return name == "AboutBox" || name == "SaveFile" || name == "SendCommand" ||
+           name == "EditPaste" || name == "ShowFontDlg" || name == "ShowAlignDlg";
 }
 
 int Pick(Random& random, int count) {
