@@ -1,6 +1,7 @@
 // The menu and its dialogs as the system shows them.
 #include <gmock/gmock.h>
 
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -176,6 +177,41 @@ TEST(Menu, ACancelledHeaderDialogGivesNothing) {
                             });
     EXPECT_EQ(AskHeaderText(nullptr, "old"), std::nullopt);
     EXPECT_TRUE(dialog.WasSeen());
+}
+
+// The font record of a cell, as hosts read it.
+LogFont FontOf(const Late& grid, int row, int col) {
+    const Late format = grid.Object(L"CellFormat", {row, col});
+    OwnedVariant bytes;
+    EXPECT_EQ(format.Invoke(format.IdOf(L"Font"), DISPATCH_PROPERTYGET, {}, &bytes), S_OK);
+    LogFont font;
+    EXPECT_EQ(bytes->vt, VT_ARRAY | VT_UI1);
+    if (bytes->vt == (VT_ARRAY | VT_UI1)) {
+        std::memcpy(&font, bytes->parray->pvData, sizeof font);
+    }
+    return font;
+}
+
+TEST(Menu, TheFontDialogBeginsWithTheControlsFontAndItsChoiceGoesToEveryCellSelected) {
+    constexpr int FaceList = 1136;
+    constexpr int StrikeOutBox = 1040;
+    const ComPtr<IUnknown> control = Ocx::Make(VeyGridClassId);
+    const Late grid(control);
+    grid.Call(L"SetSelection", {2, 1, 3, 1});
+    const OpenDialog dialog([](HWND window) { return ::GetDlgItem(window, FaceList) != nullptr; },
+                            [](HWND window) {
+                                ::SendMessageW(::GetDlgItem(window, StrikeOutBox), BM_CLICK, 0, 0);
+                                ::PostMessageW(window, WM_COMMAND, IDOK, 0);
+                            });
+    EXPECT_EQ(grid.Call(L"ShowFontDlg"), S_OK);
+    EXPECT_TRUE(dialog.WasSeen());
+    const LogFont font = FontOf(grid, 2, 1);
+    EXPECT_EQ(font.lfStrikeOut, 1);
+    EXPECT_EQ(font.lfWeight, FW_NORMAL);
+    EXPECT_NE(font.lfHeight, 0);
+    EXPECT_EQ(FontOf(grid, 3, 1), font);
+    EXPECT_EQ(FontOf(grid, 1, 1).lfWeight, -1);
+    EXPECT_EQ(grid.Object(L"CellFormat", {3, 1}).Number(L"Foreground"), 0);
 }
 
 TEST(Menu, AFontRecordGoesToTheSystemAndBackUnchanged) {
