@@ -17,9 +17,9 @@ struct Line {
 };
 
 constexpr std::array Lines{
-#define TEXT(key, chinese, english) Line{key, chinese, english},
+#define MESSAGE(key, chinese, english) Line{key, chinese, english},
 #include "resources/Texts.def"
-#undef TEXT
+#undef MESSAGE
 };
 
 struct Message {

@@ -18,9 +18,9 @@ struct Line {
 };
 
 const Line Lines[] = {
-#define TEXT(key, chinese, english) {key, chinese, english},
+#define MESSAGE(key, chinese, english) {key, chinese, english},
 #include "resources/Texts.def"
-#undef TEXT
+#undef MESSAGE
 };
 
 std::string Gbk(std::string_view text) {
