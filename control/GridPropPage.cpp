@@ -3,7 +3,7 @@
 
 #include <commdlg.h>
 
-#include <array>
+#include "control/FileDialog.h"
 
 namespace veygrid {
 
@@ -22,7 +22,6 @@ constexpr int RowModeField = 1049;
 constexpr int DataSourceField = 1050;
 
 constexpr wchar_t PictureFilter[] = L"BMP文件(*.bmp)\0*.bmp\0所有文件 (*.*)\0*.*\0";
-constexpr std::size_t LongestPath = 32767;
 
 }  // namespace
 
@@ -46,17 +45,13 @@ void CVeyGridPropPage::OnButton(int control) {
 }
 
 void CVeyGridPropPage::OnBrowseBkImage() {
-    std::wstring path(LongestPath + 1, L'\0');
-    OPENFILENAMEW asked{};
-    asked.lStructSize = sizeof asked;
-    asked.hwndOwner = Window();
-    asked.lpstrFilter = PictureFilter;
-    asked.lpstrFile = path.data();
-    asked.nMaxFile = static_cast<DWORD>(path.size());
-    asked.lpstrDefExt = L"bmp";
-    asked.Flags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT | OFN_EXPLORER | OFN_NOCHANGEDIR;
-    if (::GetOpenFileNameW(&asked) && Window() != nullptr) {
-        ::SetDlgItemTextW(Window(), BkImageField, path.c_str());
+    const std::optional<std::wstring> path =
+        AskFile(Window(), {.kind = FileDialogKind::Open,
+                           .filter = PictureFilter,
+                           .extension = L"bmp",
+                           .flags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT});
+    if (path && Window() != nullptr) {
+        ::SetDlgItemTextW(Window(), BkImageField, path->c_str());
         SetControlStatus(BkImageField, true);
         SetModifiedFlag(true);
     }

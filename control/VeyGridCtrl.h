@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "control/CellFormatObject.h"
+#include "control/ControlMenu.h"
 #include "control/HostAdapter.h"
 #include "control/SheetView.h"
 #include "grid/GridStore.h"
@@ -39,8 +40,6 @@ class CVeyGridCtrl final : public CVeyOleControl {
     SheetView& Sheet() { return m_sheet; }
 
     // Automation members that are more than a call of a part.
-    // Number of a menu item as hosts give it, to the command that it stands for.
-    static std::int32_t CommandOfItem(std::int32_t item);
     ComPtr<IDispatch> DefCellFormatObject() { return m_defCellFormat->Dispatch(); }
     bool GuiDesignMode() const { return m_bGuiDesignMode; }
     void SetGuiDesignMode(bool mode);
@@ -58,20 +57,23 @@ class CVeyGridCtrl final : public CVeyOleControl {
     void EditCopy();
     void EditCut();
     void EditPaste();
+    void RemoveAllMenuItem() { m_menu.Context().RemoveAllMenuItem(); }
+    void AppendMenuItem(std::int32_t item, std::string_view text) {
+        m_menu.Context().AppendMenuItem(item, text);
+    }
+    // Sends the command of a menu item to the control's own window; nothing without one.
     void SendCommand(std::int32_t item);
+    void ShowFontDlg();
+    void ShowAlignDlg();
     bool ScreenPosToRC(std::int16_t x, std::int16_t y, std::int32_t* row, std::int32_t* col);
     void MakeCellVisible(std::int32_t row, std::int32_t col) { m_sheet.MakeCellVisible(row, col); }
     void AboutBox();
 
     // Members whose behaviour the windows of the control will bring; until then each gives its
     // refusing answer and changes nothing.
-    void RemoveAllMenuItem() {}
-    void AppendMenuItem(std::int32_t, std::string_view) {}
     std::int16_t StartEdit() { return 0; }
     std::int16_t EndEdit() { return 1; }
     void BindDataset(IDispatch*) {}
-    void ShowAlignDlg() {}
-    void ShowFontDlg() {}
     void ShowToolbox(bool) {}
     void ShowTabOrderDlg() {}
     std::int32_t CreateFormObject(IDispatch*) { return 0; }
@@ -98,8 +100,6 @@ class CVeyGridCtrl final : public CVeyOleControl {
     std::optional<LRESULT> OnRegisteredMessage(UINT message, WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnRecordMessage(UINT message);
     void OnCreate();
-    // False for a command that is not the control's.
-    bool OnCommand(UINT id);
     void MoveToRow(std::int32_t row);
 
     StockProperties& Stock() override { return m_document.Stock; }
@@ -111,6 +111,7 @@ class CVeyGridCtrl final : public CVeyOleControl {
     RowColumnOperations m_operations{m_store, m_selection, m_host};
     GridDocument m_document;
     SheetView m_sheet{*this, m_store, m_selection, m_document.BkImageBits};
+    ControlMenu m_menu{*this, m_store, m_selection, m_operations};
     bool m_bGuiDesignMode = false;
     // The parent's answer at creation; the host owns the object.
     LRESULT m_dataAccess = 0;

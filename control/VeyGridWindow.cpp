@@ -4,35 +4,12 @@
 
 #include "control/RegisteredMessages.h"
 #include "control/VeyGridCtrl.h"
-#include "grid/FormatChange.h"
 
 namespace veygrid {
 
 namespace {
 
 constexpr WPARAM AskForDataAccess = 2;
-
-// Commands of the menu, which hosts reach by number.
-constexpr UINT FirstCommand = 42300;
-constexpr UINT BorderCommand = 42301;
-constexpr UINT InsertRowsCommand = 42303;
-constexpr UINT DeleteRowsCommand = 42304;
-constexpr UINT InsertColsCommand = 42305;
-constexpr UINT DeleteColsCommand = 42306;
-constexpr UINT CopyCommand = 42307;
-constexpr UINT CutCommand = 42308;
-constexpr UINT PasteCommand = 42309;
-constexpr UINT PropertiesCommand = 42320;
-constexpr UINT ClearFormatsCommand = 42324;
-constexpr UINT LastCommand = 42324;
-// Commands in this range that the control has no handler for go to the host.
-constexpr UINT FirstHostCommand = 33000;
-constexpr UINT LastHostCommand = 50000;
-
-// Item numbers of hosts are command numbers in a row.
-constexpr std::int32_t FirstItem = 1001;
-constexpr std::int32_t LastItem = 1021;
-constexpr std::int32_t ItemToCommand = 41299;
 
 constexpr std::size_t LongestPath = 32767;
 
@@ -44,10 +21,6 @@ std::string_view SentPath(WPARAM wParam) {
 }
 
 }  // namespace
-
-std::int32_t CVeyGridCtrl::CommandOfItem(std::int32_t item) {
-    return item >= FirstItem && item <= LastItem ? item + ItemToCommand : item;
-}
 
 void CVeyGridCtrl::OnDraw(HDC target, const RECT& bounds, const RECT& invalid) {
     m_sheet.Draw(target, bounds, invalid);
@@ -69,10 +42,14 @@ LRESULT CVeyGridCtrl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return result;
         }
         case WM_COMMAND:
-            if (OnCommand(LOWORD(wParam))) {
+            if (m_menu.Commands().OnCommand(LOWORD(wParam))) {
                 return 0;
             }
             break;
+        case WM_CONTEXTMENU:
+            m_menu.Context().OnContextMenu({static_cast<std::int16_t>(LOWORD(lParam)),
+                                            static_cast<std::int16_t>(HIWORD(lParam))});
+            return 0;
         default:
             if (const auto answer = OnRegisteredMessage(message, wParam, lParam)) {
                 return *answer;
@@ -138,52 +115,21 @@ void CVeyGridCtrl::MoveToRow(std::int32_t row) {
     m_selection.SetActiveCell(row, m_store.ActiveCol);
 }
 
-bool CVeyGridCtrl::OnCommand(UINT id) {
-    switch (id) {
-        case InsertRowsCommand:
-            m_operations.InsertRowCommand();
-            return true;
-        case DeleteRowsCommand:
-            m_operations.DeleteRowCommand();
-            return true;
-        case InsertColsCommand:
-            m_operations.InsertColCommand();
-            return true;
-        case DeleteColsCommand:
-            m_operations.DeleteColCommand();
-            return true;
-        case CopyCommand:
-            EditCopy();
-            return true;
-        case CutCommand:
-            EditCut();
-            return true;
-        case PasteCommand:
-            EditPaste();
-            return true;
-        case PropertiesCommand:
-            OnProperties(::GetParent(Window()));
-            return true;
-        case ClearFormatsCommand:
-            ClearAllFormats(m_store);
-            return true;
-        default:
-            break;
-    }
-    const bool isOwn = id >= FirstCommand && id <= LastCommand && id != BorderCommand;
-    if (isOwn || id < FirstHostCommand || id > LastHostCommand) {
-        return isOwn;
-    }
-    if (const HWND parent = ::GetParent(Window())) {
-        ::PostMessageW(parent, WM_COMMAND, id, 0);
-    }
-    return true;
-}
-
 void CVeyGridCtrl::SendCommand(std::int32_t item) {
     if (Window() != nullptr) {
         ::SendMessageW(Window(), WM_COMMAND, static_cast<WORD>(CommandOfItem(item)), 0);
     }
+}
+
+// The dialogs' message loops may let the host release the control.
+void CVeyGridCtrl::ShowFontDlg() {
+    const KeepAlive keep(*this);
+    m_menu.Commands().ShowFontDlg();
+}
+
+void CVeyGridCtrl::ShowAlignDlg() {
+    const KeepAlive keep(*this);
+    m_menu.Commands().ShowAlignDlg();
 }
 
 }  // namespace veygrid

@@ -6,32 +6,11 @@
 #include <string>
 
 #include "valuetext/CodePage936.h"
+#include "valuetext/MultiByte.h"
 
 namespace veygrid {
 
 namespace {
-
-LOGFONTW WideRecord(const LogFont& record) {
-    LOGFONTW wide{};
-    wide.lfHeight = record.lfHeight;
-    wide.lfWidth = record.lfWidth;
-    wide.lfEscapement = record.lfEscapement;
-    wide.lfOrientation = record.lfOrientation;
-    wide.lfWeight = record.lfWeight;
-    wide.lfItalic = record.lfItalic;
-    wide.lfUnderline = record.lfUnderline;
-    wide.lfStrikeOut = record.lfStrikeOut;
-    wide.lfCharSet = record.lfCharSet;
-    wide.lfOutPrecision = record.lfOutPrecision;
-    wide.lfClipPrecision = record.lfClipPrecision;
-    wide.lfQuality = record.lfQuality;
-    wide.lfPitchAndFamily = record.lfPitchAndFamily;
-    const auto nameEnd = std::ranges::find(record.lfFaceName, '\0');
-    const std::u16string name = Utf16FromCodePage936({record.lfFaceName.begin(), nameEnd});
-    std::copy_n(name.begin(), std::min<std::size_t>(name.size(), LF_FACESIZE - 1),
-                std::begin(wide.lfFaceName));
-    return wide;
-}
 
 // Best first. The second is made for small sizes, as the first is.
 constexpr const wchar_t* StandIns[] = {L"SimSun", L"WenQuanYi Zen Hei Sharp", L"Microsoft YaHei",
@@ -62,6 +41,56 @@ const wchar_t* StandIn() {
 }
 
 }  // namespace
+
+LOGFONTW WideRecord(const LogFont& record) {
+    LOGFONTW wide{};
+    wide.lfHeight = record.lfHeight;
+    wide.lfWidth = record.lfWidth;
+    wide.lfEscapement = record.lfEscapement;
+    wide.lfOrientation = record.lfOrientation;
+    wide.lfWeight = record.lfWeight;
+    wide.lfItalic = record.lfItalic;
+    wide.lfUnderline = record.lfUnderline;
+    wide.lfStrikeOut = record.lfStrikeOut;
+    wide.lfCharSet = record.lfCharSet;
+    wide.lfOutPrecision = record.lfOutPrecision;
+    wide.lfClipPrecision = record.lfClipPrecision;
+    wide.lfQuality = record.lfQuality;
+    wide.lfPitchAndFamily = record.lfPitchAndFamily;
+    const auto nameEnd = std::ranges::find(record.lfFaceName, '\0');
+    const std::u16string name = Utf16FromCodePage936({record.lfFaceName.begin(), nameEnd});
+    std::copy_n(name.begin(), std::min<std::size_t>(name.size(), LF_FACESIZE - 1),
+                std::begin(wide.lfFaceName));
+    return wide;
+}
+
+LogFont NarrowRecord(const LOGFONTW& wide) {
+    LogFont record{.lfHeight = static_cast<std::int32_t>(wide.lfHeight),
+                   .lfWidth = static_cast<std::int32_t>(wide.lfWidth),
+                   .lfEscapement = static_cast<std::int32_t>(wide.lfEscapement),
+                   .lfOrientation = static_cast<std::int32_t>(wide.lfOrientation),
+                   .lfWeight = static_cast<std::int32_t>(wide.lfWeight),
+                   .lfItalic = wide.lfItalic,
+                   .lfUnderline = wide.lfUnderline,
+                   .lfStrikeOut = wide.lfStrikeOut,
+                   .lfCharSet = wide.lfCharSet,
+                   .lfOutPrecision = wide.lfOutPrecision,
+                   .lfClipPrecision = wide.lfClipPrecision,
+                   .lfQuality = wide.lfQuality,
+                   .lfPitchAndFamily = wide.lfPitchAndFamily};
+    const auto* const nameEnd = std::ranges::find(wide.lfFaceName, L'\0');
+    SetFaceName(record, CodePage936FromUtf16(std::u16string(std::begin(wide.lfFaceName), nameEnd)));
+    return record;
+}
+
+void SetFaceName(LogFont& record, std::string_view name) {
+    std::size_t length = 0;
+    while (length < name.size() && length + CharLength(name, length) < record.lfFaceName.size()) {
+        length += CharLength(name, length);
+    }
+    record.lfFaceName.fill('\0');
+    std::copy_n(name.begin(), length, record.lfFaceName.begin());
+}
 
 OwnedFont MakeFont(LOGFONTW record) {
     if (IsChinese(record) && StandIn() != nullptr && !IsInstalled(record.lfFaceName)) {

@@ -2,12 +2,20 @@
 #pragma once
 
 #include <cstddef>
+#include <string_view>
 #include <vector>
 
 #include "grid/LogFont.h"
 #include "platform/win32/GdiHandles.h"
 
 namespace veygrid {
+
+// The same font as the system has it, and back. A face name that is too long for a record is cut
+// between two characters.
+LOGFONTW WideRecord(const LogFont& record);
+LogFont NarrowRecord(const LOGFONTW& wide);
+// The name in code page 936, cut as above; the last byte ends it.
+void SetFaceName(LogFont& record, std::string_view name);
 
 // Where a Chinese face is not installed, one that shows Chinese well in small sizes stands in for
 // it, in place of the system's choice. Null when the system makes no font.

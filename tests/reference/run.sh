@@ -115,6 +115,14 @@ run_example() {
     fi
 }
 
+# page_example FILE: the indented script of a page, held to the comments behind its lines.
+page_example() {
+    sed -n 's/^    //p' "docs/$1" >"$work/$1.vbs"
+    sed -nE "s/^.*  ' (.*)\$/\\1/p" "$work/$1.vbs" >"$work/$1.expected"
+    play "$1.vbs" >"$work/$1.logged"
+    judge "the example of docs/$1" "$(diff "$work/$1.expected" "$work/$1.logged")"
+}
+
 [ -f "$host" ] || { echo "run.sh: no $host"; exit 1; }
 rm -rf "$work"
 mkdir -p "$work"
@@ -125,6 +133,7 @@ else
     pages
     refusals
     defaults
+    page_example menu.md
     mapfile -t names < <(sed -nE 's/^\[(.*)\]$/\1/p' "$prose" | grep -v '^Page')
 fi
 for name in "${names[@]}"; do

@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <string>
 
+#include "platform/win32/GdiFonts.h"
 #include "platform/win32/ole/Guard.h"
 #include "platform/win32/ole/OleText.h"
-#include "valuetext/MultiByte.h"
 
 namespace veygrid {
 
@@ -85,13 +85,7 @@ LogFont RecordFromFont(IDispatch* object) {
     record.lfUnderline = underline != FALSE;
     record.lfStrikeOut = strikeOut != FALSE;
     record.lfCharSet = static_cast<std::uint8_t>(charset);
-    // The last byte ends the name; a character that does not fit whole is left out.
-    const std::string face = TakeBstr(name.Get());
-    std::size_t length = 0;
-    while (length < face.size() && length + CharLength(face, length) < record.lfFaceName.size()) {
-        length += CharLength(face, length);
-    }
-    std::copy_n(face.begin(), length, record.lfFaceName.begin());
+    SetFaceName(record, TakeBstr(name.Get()));
     return record;
 }
 
