@@ -235,6 +235,10 @@ void SheetView::SetFocus() {
     }
 }
 
+bool SheetView::InEdit() const {
+    return m_control.Input().InEdit();
+}
+
 void SheetView::InvalidateControl() {
     m_control.InvalidateControl();
 }
