@@ -89,8 +89,8 @@ Dim turn
 Host.Click X(5), Y(6)
 Host.Press 50 + 4 * 60 + 1, Y(6)
 For turn = 1 To 200
-    Host.Move 775 + turn Mod 2, Y(6)
     lowest = 100
+    Host.Move 775 + turn Mod 2, Y(6)
     Host.Pump 50
     If lowest >= 3 And lowest < 100 Then Exit For
 Next

@@ -50,6 +50,9 @@ Host.Move X(5), Y(9)
 Host.Move X(4), Y(6)
 Check "a drag repaints nothing", painted, 0
 Host.Release X(4), Y(6)
+Grid.CellText(1, 1) = "x"
+Host.Pump 0
+Check "as it would be told", painted > 0, True
 Check "a drag", Selected(), "(3,2,6,4)"
 Check "backwards", Active(), "3,2"
 Host.Press X(5), Y(8)
