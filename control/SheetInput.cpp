@@ -96,22 +96,24 @@ bool SheetInput::PreTranslateMessage(MSG& message) {
 std::optional<LRESULT> SheetInput::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_CREATE:
+            m_isEnding = false;
             Attach(m_control.Window());
             return std::nullopt;
         case WM_DESTROY:
-            m_mouse.CancelDrag();
-            Attach(nullptr);
+            OnDestroy();
             return std::nullopt;
         case WM_CAPTURECHANGED:
         case WM_CANCELMODE:
             m_mouse.CancelDrag();
             return std::nullopt;
         case WM_COMMAND:
-            if (LOWORD(wParam) == CellEditor::ChildId && HIWORD(wParam) == EN_KILLFOCUS) {
-                m_editor.OnEditKillFocus();
-                return 0;
+            if (LOWORD(wParam) != CellEditor::ChildId || HIWORD(wParam) != EN_KILLFOCUS) {
+                return std::nullopt;
             }
-            return std::nullopt;
+            if (!m_isEnding) {
+                m_editor.OnEditKillFocus();
+            }
+            return 0;
         case WM_SETCURSOR:
             return OnSetCursor(reinterpret_cast<HWND>(wParam), LOWORD(lParam))
                        ? std::optional<LRESULT>(TRUE)
@@ -127,6 +129,14 @@ std::optional<LRESULT> SheetInput::OnMessage(UINT message, WPARAM wParam, LPARAM
     return message >= WM_MOUSEFIRST && message <= WM_MOUSELAST
                ? OnMouse(message, wParam, lParam)
                : OnRegistered(message, wParam, lParam);
+}
+
+// An open edit is committed; a refused text goes with the window, and no box holds the host up.
+void SheetInput::OnDestroy() {
+    m_isEnding = true;
+    m_mouse.CancelDrag();
+    m_editor.EndEdit();
+    Attach(nullptr);
 }
 
 void SheetInput::Attach(HWND window) {

@@ -58,6 +58,7 @@ class SheetInput final : public CellEditorHost,
 
   private:
     void Attach(HWND window);
+    void OnDestroy();
     std::optional<LRESULT> OnMouse(UINT message, WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnInputMethod(UINT message, WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnRegistered(UINT message, WPARAM wParam, LPARAM lParam);
@@ -72,6 +73,7 @@ class SheetInput final : public CellEditorHost,
     CellEditor m_editor;
     KeyboardMachine m_keyboard;
     MouseMachine m_mouse;
+    bool m_isEnding = false;
 };
 
 }  // namespace veygrid
