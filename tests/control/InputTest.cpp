@@ -25,6 +25,13 @@ UINT MessageNumber(const wchar_t* name) {
     return ::RegisterWindowMessageW(name);
 }
 
+// The handler of a host that accepts no text.
+void VetoEndEdit(DISPID id, DISPPARAMS& given) {
+    if (id == event::EndEdit) {
+        *given.rgvarg[0].piVal = 1;
+    }
+}
+
 bool IsMessageBox(HWND window) {
     wchar_t caption[32] = {};
     ::GetWindowTextW(window, caption, 32);
@@ -88,6 +95,30 @@ class Desk {
   private:
     const LoopKind& m_kind;
     ComPtr<IOleInPlaceActiveObject> m_active;
+};
+
+// Counts the paints of a window while it lives.
+class Paints {
+  public:
+    explicit Paints(HWND window) : m_window(window) {
+        count = 0;
+        former = reinterpret_cast<WNDPROC>(
+            ::SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
+    }
+    Paints(const Paints&) = delete;
+    Paints& operator=(const Paints&) = delete;
+    ~Paints() { ::SetWindowLongPtrW(m_window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(former)); }
+
+    static inline int count = 0;
+
+  private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        count += message == WM_PAINT ? 1 : 0;
+        return ::CallWindowProcW(former, window, message, wParam, lParam);
+    }
+
+    static inline WNDPROC former = nullptr;
+    HWND m_window;
 };
 
 class Input : public ::testing::Test {
@@ -167,11 +198,7 @@ TEST_F(Input, CtrlKeyMsgTakesTheKeysOfTheSheet) {
 
 TEST_F(Input, CtrlKeyDownAnswersZeroWhenAnOpenEditIsRefused) {
     Desk desk;
-    EventSink sink([](DISPID id, DISPPARAMS& given) {
-        if (id == event::EndEdit) {
-            *given.rgvarg[0].piVal = 1;
-        }
-    });
+    EventSink sink(VetoEndEdit);
     const Connected connected(desk.control, VeyGridEventsId, &sink);
     desk.Type(u"x");
     const OpenDialog box(IsMessageBox,
@@ -179,6 +206,50 @@ TEST_F(Input, CtrlKeyDownAnswersZeroWhenAnOpenEditIsRefused) {
     EXPECT_EQ(desk.Send(MessageNumber(L"VeynorGrid_CtrlKeyDown"), VK_RETURN, 1), 0);
     EXPECT_TRUE(box.WasSeen());
     EXPECT_EQ(desk.ActiveCell(), std::pair(1L, 1L));
+}
+
+TEST_F(Input, AScrollIsDroppedWhileAnEditIsRefused) {
+    Desk desk;
+    EventSink sink(VetoEndEdit);
+    const Connected connected(desk.control, VeyGridEventsId, &sink);
+    desk.Type(u"x");
+    const OpenDialog box(IsMessageBox,
+                         [](HWND shown) { ::PostMessageW(shown, WM_COMMAND, IDOK, 0); });
+    desk.Send(WM_VSCROLL, SB_LINEDOWN);
+    EXPECT_TRUE(box.WasSeen());
+    EXPECT_EQ(::GetScrollPos(desk.window, SB_VERT), 1);
+    EXPECT_EQ(::GetFocus(), desk.Edit());
+}
+
+TEST_F(Input, ACellOffTheViewAtTheTopIsEditedInAWindowWithoutSize) {
+    Desk desk;
+    desk.grid.Call(L"MakeCellVisible", {15, 1});
+    desk.Run();
+    desk.Type(u"up");
+    RECT client{};
+    ::GetClientRect(desk.Edit(), &client);
+    EXPECT_TRUE(::IsRectEmpty(&client));
+    EXPECT_EQ(::GetFocus(), desk.Edit());
+    desk.Key(VK_RETURN);
+    EXPECT_EQ(desk.Cell(1, 1), "up");
+}
+
+TEST_F(Input, AnUntouchedEditFiresNothingAndLeavesTheControlUnmodified) {
+    Desk desk;
+    desk.grid.Put(L"CellText", {1, 1, L"same"});
+    desk.grid.Put(L"Modified", {false});
+    std::vector<DISPID> events;
+    EventSink sink([&events](DISPID id, DISPPARAMS&) {
+        if (id != event::RequestCellFormat) {
+            events.push_back(id);
+        }
+    });
+    const Connected connected(desk.control, VeyGridEventsId, &sink);
+    EXPECT_EQ(desk.grid.Number(L"StartEdit"), 1);
+    ::SetFocus(desk.window);
+    EXPECT_EQ(desk.Edit(), nullptr);
+    EXPECT_THAT(events, ElementsAre(event::StartingEdit));
+    EXPECT_EQ(desk.grid.Number(L"Modified"), 0);
 }
 
 // What an input method sends.
@@ -276,30 +347,6 @@ TEST_F(Input, CharactersWithTrailBytesThatLookLikeSignsArriveWhole) {
 
 // The mouse.
 
-// Counts the paints of a window while it lives.
-class Paints {
-  public:
-    explicit Paints(HWND window) : m_window(window) {
-        count = 0;
-        former = reinterpret_cast<WNDPROC>(
-            ::SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
-    }
-    Paints(const Paints&) = delete;
-    Paints& operator=(const Paints&) = delete;
-    ~Paints() { ::SetWindowLongPtrW(m_window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(former)); }
-
-    static inline int count = 0;
-
-  private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-        count += message == WM_PAINT ? 1 : 0;
-        return ::CallWindowProcW(former, window, message, wParam, lParam);
-    }
-
-    static inline WNDPROC former = nullptr;
-    HWND m_window;
-};
-
 TEST_F(Input, ASelectionDragOverAFullWindowRepaintsNothing) {
     Desk desk;
     for (int row = 1; row <= 10; ++row) {
@@ -371,11 +418,7 @@ TEST_F(Input, ASizingThatLosesTheMouseChangesNothingAndLetsTheCursorGo) {
 
 TEST_F(Input, AHostThatDestroysTheControlUnderTheBoxOfARefusalHarmsNothing) {
     Desk desk;
-    EventSink sink([](DISPID id, DISPPARAMS& given) {
-        if (id == event::EndEdit) {
-            *given.rgvarg[0].piVal = 1;
-        }
-    });
+    EventSink sink(VetoEndEdit);
     {
         const Connected connected(desk.control, VeyGridEventsId, &sink);
         desk.Type(u"x");
@@ -393,11 +436,7 @@ TEST_F(Input, AHostThatDestroysTheControlUnderTheBoxOfARefusalHarmsNothing) {
 
 TEST_F(Input, FocusTornAwayInTheMiddleOfARefusalComesBack) {
     Desk desk;
-    EventSink sink([](DISPID id, DISPPARAMS& given) {
-        if (id == event::EndEdit) {
-            *given.rgvarg[0].piVal = 1;
-        }
-    });
+    EventSink sink(VetoEndEdit);
     const Connected connected(desk.control, VeyGridEventsId, &sink);
     desk.Type(u"x");
     int boxes = 0;
@@ -427,11 +466,7 @@ TEST_F(Input, AControlThatIsClosedWithAnOpenEditCommitsIt) {
 
 TEST_F(Input, AControlThatIsClosedWithARefusedEditShowsNoBoxAndGoes) {
     Desk desk;
-    EventSink sink([](DISPID id, DISPPARAMS& given) {
-        if (id == event::EndEdit) {
-            *given.rgvarg[0].piVal = 1;
-        }
-    });
+    EventSink sink(VetoEndEdit);
     const Connected connected(desk.control, VeyGridEventsId, &sink);
     desk.Type(u"x");
     const OpenDialog box(IsMessageBox,
