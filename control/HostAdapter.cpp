@@ -2,11 +2,10 @@
 #include "control/HostAdapter.h"
 
 #include "binding/DataSourceText.h"
+#include "control/MessageBox.h"
 #include "control/RegisteredMessages.h"
 #include "control/VeyGridCtrl.h"
 #include "control/VeyGridEvents.h"
-#include "grid/Messages.h"
-#include "platform/win32/ole/OleText.h"
 #include "screen/Invalidation.h"
 
 namespace veygrid {
@@ -74,9 +73,7 @@ std::int32_t HostAdapter::SaveRecord(std::int32_t, std::int32_t) {
 }
 
 void HostAdapter::ShowMessage(std::string_view text, std::int32_t style) {
-    const KeepAlive keep(m_control);
-    ::MessageBoxW(m_control.DialogOwner(), WideFromText(text).c_str(),
-                  WideFromText(MessageCaption).c_str(), static_cast<UINT>(style));
+    ShowMessageBox(m_control, m_control.DialogOwner(), text, style);
 }
 
 void HostAdapter::RebuildDataSource() {

@@ -284,6 +284,10 @@ void SheetView::SetFocus() {
     }
 }
 
+bool SheetView::InEdit() const {
+    return m_control.Input().InEdit();
+}
+
 void SheetView::InvalidateControl() {
     if (!HasWindow() || !MovePixels()) {
         m_control.InvalidateControl();

@@ -31,6 +31,7 @@ class SheetView final : public DrawingHost, public ScrollingHost {
 
     Layout& View() { return m_layout; }
     BackgroundImage& Image() { return m_image; }
+    const DrawingContext& Context() const { return m_context; }
 
     // Bounds in the context's logical units. Where the control has a window, the sheet stays laid
     // out in that, whatever else it is drawn on.
@@ -63,7 +64,7 @@ class SheetView final : public DrawingHost, public ScrollingHost {
     bool GuiDesignMode() const override;
 
     void SetFocus() override;
-    bool InEdit() const override { return false; }
+    bool InEdit() const override;
     void InvalidateControl() override;
     bool HasMoreRecords() const override { return false; }
     std::int32_t AppendNextRecords() override { return 0; }

@@ -10,6 +10,7 @@
 #include "control/CellFormatObject.h"
 #include "control/ControlMenu.h"
 #include "control/HostAdapter.h"
+#include "control/SheetInput.h"
 #include "control/SheetView.h"
 #include "grid/GridStore.h"
 #include "grid/RowColumnOperations.h"
@@ -38,6 +39,7 @@ class CVeyGridCtrl final : public CVeyOleControl {
     RowColumnOperations& Operations() { return m_operations; }
     GridDocument& Document() { return m_document; }
     SheetView& Sheet() { return m_sheet; }
+    SheetInput& Input() { return m_input; }
 
     // Automation members that are more than a call of a part.
     ComPtr<IDispatch> DefCellFormatObject() { return m_defCellFormat->Dispatch(); }
@@ -68,11 +70,11 @@ class CVeyGridCtrl final : public CVeyOleControl {
     bool ScreenPosToRC(std::int16_t x, std::int16_t y, std::int32_t* row, std::int32_t* col);
     void MakeCellVisible(std::int32_t row, std::int32_t col) { m_sheet.MakeCellVisible(row, col); }
     void AboutBox();
+    std::int16_t StartEdit() { return m_input.Editor().StartEdit(); }
+    std::int16_t EndEdit() { return m_input.Editor().EndEdit(); }
 
     // Members whose behaviour the windows of the control will bring; until then each gives its
     // refusing answer and changes nothing.
-    std::int16_t StartEdit() { return 0; }
-    std::int16_t EndEdit() { return 1; }
     void BindDataset(IDispatch*) {}
     void ShowToolbox(bool) {}
     void ShowTabOrderDlg() {}
@@ -92,6 +94,7 @@ class CVeyGridCtrl final : public CVeyOleControl {
     void OnResetState() override;
     std::vector<PredefinedValue> OnGetPredefinedStrings(DISPID id) override;
     const CLSID* OnMapPropertyToPage(DISPID id) override;
+    bool PreTranslateMessage(MSG& message) override { return m_input.PreTranslateMessage(message); }
 
   private:
     void OnDraw(HDC target, const RECT& bounds, const RECT& invalid) override;
@@ -112,6 +115,7 @@ class CVeyGridCtrl final : public CVeyOleControl {
     GridDocument m_document;
     SheetView m_sheet{*this, m_store, m_selection, m_document.BkImageBits};
     ControlMenu m_menu{*this, m_store, m_selection, m_operations};
+    SheetInput m_input{*this};
     bool m_bGuiDesignMode = false;
     // The parent's answer at creation; the host owns the object.
     LRESULT m_dataAccess = 0;

@@ -30,6 +30,9 @@ LRESULT CVeyGridCtrl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (const auto answer = m_sheet.OnMessage(message, wParam, lParam)) {
         return *answer;
     }
+    if (const auto answer = m_input.OnMessage(message, wParam, lParam)) {
+        return *answer;
+    }
     switch (message) {
         case WM_CREATE: {
             const LRESULT result = CVeyOleControl::OnMessage(message, wParam, lParam);

@@ -16,7 +16,7 @@ namespace veygrid {
 // For one paint: the context is as before when the surface goes. Texts go out through the wide
 // calls, so that Chinese shows on a machine of any locale. What lies wholly outside the context's
 // clip region is not drawn at all, which nobody sees but in the time it takes.
-class GdiSurface final : public Surface {
+class GdiSurface : public Surface {
   public:
     enum class Use { Screen, Print };
 

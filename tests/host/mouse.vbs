@@ -1,4 +1,5 @@
-' The mouse reaches the control at its client pixels.
+' The mouse reaches the control at its client pixels. Over a form the control raises the stock events;
+' over the sheet a press raises none.
 Dim seen
 Sub Grid_MouseDown(button, shift, x, y)
     seen = seen & "down " & button & "/" & shift & " " & x & "," & y & ";"
@@ -14,6 +15,9 @@ Function Taken()
     seen = ""
 End Function
 
+Host.Click 300, 200, 0
+Check "no press of the sheet is told", Taken(), "up 1/0 300,200;"
+Grid.GuiMode = True
 Host.Click 300, 200, 0
 Check "click", Taken(), "down 1/0 300,200;up 1/0 300,200;"
 Host.Click 300, 200, 1

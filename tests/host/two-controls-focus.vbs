@@ -10,6 +10,7 @@ Sub Grid2_MouseDown(button, shift, x, y)
     keys = keys & "at " & x & "," & y & ";"
 End Sub
 Set second = Host.NewControl()
+second.GuiMode = True
 Host.Click 500, 50, 0
 Host.Key 113, 0
 Check "the second", keys, "at 100,50;second 113;"
