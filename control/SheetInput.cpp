@@ -277,7 +277,7 @@ void SheetInput::DrawSelectionFrame(Surface& surface) {
     veygrid::DrawSelectionFrame(m_control.Sheet().Context(), surface);
 }
 
-bool SheetInput::GuiDesignMode() {
+bool SheetInput::GuiDesignMode() const {
     return m_control.GuiDesignMode();
 }
 

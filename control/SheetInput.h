@@ -53,7 +53,7 @@ class SheetInput final : public CellEditorHost,
     void InvertSelection(Surface& surface) override;
     void DrawSelectionFrame(Surface& surface) override;
 
-    bool GuiDesignMode() override;
+    bool GuiDesignMode() const override;
     void SetDesignCursor(Point point) override;
 
   private:
