@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "screen/CenteredText.h"
 #include "valuetext/CellClass.h"
@@ -34,17 +35,30 @@ std::uint32_t HorizontalFormat(std::string_view text, std::uint16_t align) {
     return !has(HorizontalAlign::Left) && has(HorizontalAlign::Center) ? DtCenter : DtLeft;
 }
 
+// What is held against the far edge of the cells: the end of the text box, or of a cell that has no
+// area and thus no text box.
+std::int32_t FarEdgeOf(const LineEdges& edges, bool isCellEmpty) {
+    return isCellEmpty ? edges.end : WrapSub(edges.end, TextMargin);
+}
+
 class CellDrawing {
   public:
-    CellDrawing(const DrawingContext& context, Surface& surface)
+    CellDrawing(const DrawingContext& context, Surface& surface, const ViewLines& cols,
+                std::int32_t right)
         : m_context(context),
           m_surface(surface),
+          m_cols(cols),
+          m_colEdges(EdgesOnView(context.View, Axis::Cols, cols)),
+          m_right(right),
           m_isListenedTo(context.Host.ListensToRequestCellFormat()),
           m_foreColor(context.Host.TranslateColor(context.Host.GetForeColor())) {}
 
-    void DrawCell(std::int32_t row, std::int32_t col, const Rect& rect);
+    // Gives the far edge of the last cell drawn, and notes the column of each cell of the first
+    // row.
+    std::int32_t DrawRow(std::int32_t row, const LineEdges& edges, bool isFirst);
 
   private:
+    void DrawCell(std::int32_t row, std::int32_t col, const Rect& rect);
     void Paint(std::string_view text, const CCellFormat& format, const Rect& rect);
     void DrawCellText(std::string_view text, const CCellFormat& format, Rect box);
     void SelectFontOf(const CCellFormat& format);
@@ -52,6 +66,9 @@ class CellDrawing {
 
     const DrawingContext& m_context;
     Surface& m_surface;
+    const ViewLines& m_cols;
+    std::vector<LineEdges> m_colEdges;
+    std::int32_t m_right;
     bool m_isListenedTo;
     Color m_foreColor;
     // What is in force on the surface: nothing is the stock font, and no colour known.
@@ -62,6 +79,25 @@ class CellDrawing {
     std::string m_text;
     CCellFormat m_workingCopy;
 };
+
+std::int32_t CellDrawing::DrawRow(std::int32_t row, const LineEdges& edges, bool isFirst) {
+    std::int32_t bottom = 0;
+    for (std::size_t c = 0; c < m_cols.size(); ++c) {
+        const Rect rect = CellRectOf(edges, m_colEdges[c]);
+        const bool isEmpty = rect.IsRectEmpty();
+        if (!isEmpty) {
+            if (isFirst) {
+                m_context.View.m_nLastDrawnCol = m_cols[c].line;
+            }
+            DrawCell(row, m_cols[c].line, rect);
+        }
+        bottom = FarEdgeOf(edges, isEmpty);
+        if (FarEdgeOf(m_colEdges[c], isEmpty) >= m_right) {
+            break;
+        }
+    }
+    return bottom;
+}
 
 void CellDrawing::DrawCell(std::int32_t row, std::int32_t col, const Rect& rect) {
     const GridStore& store = m_context.Store;
@@ -125,43 +161,19 @@ void CellDrawing::SelectTextColor(Color color) {
     }
 }
 
-// What is held against the far edge of the cells: the end of the text box, or of a cell that has no
-// area and thus no text box.
-std::int32_t FarEdgeOf(const LineEdges& edges, bool isCellEmpty) {
-    return isCellEmpty ? edges.end : WrapSub(edges.end, TextMargin);
-}
-
 }  // namespace
 
 void DrawCells(const DrawingContext& context, Surface& surface, const ViewLines& rows,
                const ViewLines& cols, const Rect& cells) {
     Layout& view = context.View;
     const std::vector<LineEdges> rowEdges = EdgesOnView(view, Axis::Rows, rows);
-    const std::vector<LineEdges> colEdges = EdgesOnView(view, Axis::Cols, cols);
-    CellDrawing drawing(context, surface);
-    // Gives the far edge of the last cell drawn.
-    const auto drawRow = [&](std::size_t r) {
-        std::int32_t end = 0;
-        for (std::size_t c = 0; c < cols.size(); ++c) {
-            const Rect rect = CellRectOf(rowEdges[r], colEdges[c]);
-            const bool isEmpty = rect.IsRectEmpty();
-            if (!isEmpty) {
-                view.m_nLastDrawnCol = r == 0 ? cols[c].line : view.m_nLastDrawnCol;
-                drawing.DrawCell(rows[r].line, cols[c].line, rect);
-            }
-            end = FarEdgeOf(rowEdges[r], isEmpty);
-            if (FarEdgeOf(colEdges[c], isEmpty) >= cells.right) {
-                break;
-            }
-        }
-        return end;
-    };
+    CellDrawing drawing(context, surface, cols, cells.right);
     surface.SelectStockFont();
     view.m_nLastDrawnRow = 0;
     view.m_nLastDrawnCol = 0;
     for (std::size_t r = 0; r < rows.size(); ++r) {
         view.m_nLastDrawnRow = rows[r].line;
-        if (drawRow(r) >= cells.bottom) {
+        if (drawing.DrawRow(rows[r].line, rowEdges[r], r == 0) >= cells.bottom) {
             break;
         }
         view.m_nLastDrawnRow = rows[r].last;

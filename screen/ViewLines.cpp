@@ -8,7 +8,7 @@ namespace veygrid {
 namespace {
 
 // Far beyond any view: each line takes a pixel, unless a host gave lines a size below 0.
-constexpr std::size_t MostLines = std::size_t{1} << 20U;
+constexpr std::size_t MostLines = std::size_t{1} << 16U;
 
 // Adds the lines from `first` to `last`, which all are as large as the first.
 void AddLines(ViewLines& lines, const GridStore& store, Axis axis, std::int64_t first,

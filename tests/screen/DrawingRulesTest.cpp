@@ -449,6 +449,14 @@ TEST_F(DrawingRules, WithoutAHandlerTheFormatIsPaintedAsItStands) {
     EXPECT_THAT(plain, HasSubstr("0x00ABCD"));
 }
 
+TEST_F(DrawingRules, AlsoWithAHandlerTheTextIsShownThroughItsFormat) {
+    store.SetCellText(1, 1, "20030814");
+    store.SetCellShowFormat(1, 1, "YYYY-MM-DD");
+    host.handler = [](std::int32_t, std::int32_t, CCellFormat&) {};
+    EXPECT_THAT(DrawnCalls("DrawText \"2003"),
+                ElementsAre("DrawText \"2003-08-14\" 32,22,67,35 RIGHT"));
+}
+
 TEST_F(DrawingRules, HandlerRunsOncePerCellAlsoForEmptyOnes) {
     host.handler = [](std::int32_t, std::int32_t, CCellFormat&) {};
     EXPECT_THAT(
