@@ -106,9 +106,12 @@ TEST(Arguments, EveryCommandHasHelpWithExamples) {
 
 TEST(Arguments, RefusalsSayWhatIsWrongAndWhereHelpIs) {
     const std::vector<std::pair<Words, std::string>> cases{
-        {{}, "a command is needed: info, cells, import, check, diff, set, get, render; see 'grd --help'"},
+        {{},
+         "a command is needed: info, cells, import, check, diff, set, get, render; see 'grd "
+         "--help'"},
         {{"frob"},
-         "'frob' is no command, which are info, cells, import, check, diff, set, get, render; see 'grd "
+         "'frob' is no command, which are info, cells, import, check, diff, set, get, render; see "
+         "'grd "
          "--help'"},
         {{"info"}, "info: FILE is required; see 'grd info --help'"},
         {{"info", "a", "b"}, "info: 'b' is one argument too many; see 'grd info --help'"},
