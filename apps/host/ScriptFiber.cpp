@@ -53,7 +53,8 @@ bool ScriptFiber::Run(std::function<void()> script) {
     m_isWaiting = true;
     while (!IsOver()) {
         WaitAndRun(m_deadline, [this] { return IsOver(); });
-        // A tick may have given the script its turn meanwhile, and then it waits for something else.
+        // A tick may have given the script its turn meanwhile, and then it waits for something
+        // else.
         const bool waitsStill = m_isWaiting && GetTickCount64() < m_deadline;
         if (!IsOver() && !waitsStill) {
             Resume();
