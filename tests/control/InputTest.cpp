@@ -152,6 +152,37 @@ TEST_P(InputInEveryLoop, TabAndArrowsMoveTheCellAndNotTheFocusOfTheDialog) {
     EXPECT_EQ(::GetFocus(), desk.window);
 }
 
+// Ctrl held down, as the thread sees it, while this lives.
+class HeldCtrl {
+  public:
+    HeldCtrl() { Set(0x80); }
+    HeldCtrl(const HeldCtrl&) = delete;
+    HeldCtrl& operator=(const HeldCtrl&) = delete;
+    ~HeldCtrl() { Set(0); }
+
+  private:
+    static void Set(BYTE state) {
+        BYTE keys[256] = {};
+        ::GetKeyboardState(keys);
+        keys[VK_CONTROL] = keys[VK_LCONTROL] = state;
+        ::SetKeyboardState(keys);
+    }
+};
+
+TEST_P(InputInEveryLoop, WithCtrlEnterAndTabWriteALineAndATabAndLeaveNothing) {
+    Desk desk(GetParam());
+    desk.Type(u"a");
+    {
+        const HeldCtrl ctrl;
+        desk.Key(VK_RETURN);
+        desk.Key(VK_TAB);
+    }
+    EXPECT_EQ(desk.EditText(), "a\r\n\t");
+    EXPECT_EQ(::GetFocus(), desk.Edit());
+    EXPECT_EQ(desk.ActiveCell(), std::pair(1L, 1L));
+    EXPECT_EQ(DialogWindow::pressed, 0);
+}
+
 TEST_F(Input, TheEditorIsAPlainUnicodeWindowOfSeveralLinesInTheCell) {
     Desk desk;
     EXPECT_EQ(desk.grid.Number(L"StartEdit"), 1);
