@@ -160,6 +160,7 @@ HRESULT CallNaked(IDispatch* naked, DISPID id, WORD flags, std::vector<int> numb
 
 constexpr DISPID SetActiveCellId = 49;
 constexpr DISPID MaxRowId = 15;
+constexpr DISPID GuiModeId = 31;
 
 struct Cause {
     const char* what;
@@ -176,7 +177,9 @@ std::vector<Cause> Causes() {
     const auto move = [](const Hosted& h) {
         CallNaked(h.Naked(), SetActiveCellId, DISPATCH_METHOD, {3, 4});
     };
+    // On the sheet a press of the left button raises no stock events.
     const auto click = [](const Hosted& h) {
+        CallNaked(h.Naked(), GuiModeId, DISPATCH_PROPERTYPUT, {-1});
         const HWND window = h.Window();
         ::SendMessageW(window, WM_LBUTTONDOWN, 0, MAKELPARAM(80, 40));
         ::SendMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(80, 40));

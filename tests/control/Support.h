@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "control/VeyGridEvents.h"
 #include "platform/win32/ole/OleText.h"
 #include "platform/win32/ole/OwnedVariant.h"
 #include "platform/win32/ole/Platform.h"
@@ -180,6 +181,11 @@ class Late {
   private:
     ComPtr<IDispatch> m_dispatch;
 };
+
+// The event that a paint fires for each cell, whenever the system lets the window paint.
+inline bool IsOfPainting(DISPID id) {
+    return id == event::RequestCellFormat;
+}
 
 // A sink of events that runs `handler` for each.
 template <class Handler>

@@ -30,6 +30,7 @@ End Function
 
 MessagesWith "VeynorGrid_AskFor"
 Host.Click 300, 200
+Grid.SetActiveCell 1, 1
 Open
 Keys KeyDown, 4
 Host.Key KeyEnter, 0
