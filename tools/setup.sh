@@ -47,7 +47,8 @@ need() {
 wine_prefix() {
     [ -d "$WINEPREFIX/drive_c" ] || wineboot --init || return 1
     wine reg import "$VEY_ROOT/tools/chinese-font.reg" &&
-        wine reg import "$VEY_ROOT/tools/no-window-manager.reg"
+        wine reg import "$VEY_ROOT/tools/no-window-manager.reg" &&
+        wineserver -w # what has begun without a display would go on without one
 }
 
 # in_chinese COMMAND... runs it where code page 936 is the system's. The locale for that is made in
