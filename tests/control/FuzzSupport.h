@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <deque>
@@ -17,6 +18,10 @@ class Random {
   public:
     explicit Random(unsigned seed) : m_engine(seed) {}
 
+    // Whether absurd numbers are among the random ones; decided once for a session, because what
+    // such a sheet can be asked for takes minutes and gigabytes where it is no error.
+    bool IsHuge() const { return m_isHuge; }
+
     // 0 to count - 1.
     int Below(int count) { return static_cast<int>(m_engine() % static_cast<unsigned>(count)); }
     bool OneIn(int count) { return Below(count) == 0; }
@@ -28,6 +33,7 @@ class Random {
 
   private:
     std::mt19937 m_engine;
+    bool m_isHuge = m_engine() % 2 == 0;
 };
 
 // Whole seconds for each of the random tests: VEYGRID_FUZZ_SECONDS is for all of them together.
@@ -138,10 +144,13 @@ inline std::wstring RandomText(Random& random) {
 }
 
 inline int RandomNumber(Random& random) {
-    static constexpr int numbers[] = {
-        0,     -1,    1,     2,      3,     5,     17,         50,          255,
-        32767, 32768, 65535, -32769, 42303, 42310, 2147483647, -2147483647, -2147483647 - 1};
-    return random.OneIn(3) ? random.Below(60) : random.Of(numbers);
+    static constexpr int small[] = {0, -1, 1, 2, 3, 5, 17, 50, 255, 1004, 1008, 1009, 1011, 1021};
+    static constexpr int huge[] = {32767, 32768, 65535,      -32769,      42303,
+                                   42310, 65536, 2147483647, -2147483647, -2147483647 - 1};
+    if (random.OneIn(3)) {
+        return random.Below(60);
+    }
+    return random.IsHuge() && random.OneIn(2) ? random.Of(huge) : random.Of(small);
 }
 
 // Values for the arguments of one call. Addresses stay, because references point into them.
@@ -232,7 +241,9 @@ class RandomArguments {
                                            std::numeric_limits<double>::infinity()};
         VARIANT value{};
         value.vt = m_random.Of(types);
-        value.llVal = static_cast<LONGLONG>(m_random.Bits()) << m_random.Below(32);
+        value.llVal = m_random.IsHuge()
+                          ? static_cast<LONGLONG>(m_random.Bits()) << m_random.Below(32)
+                          : m_random.Below(256);
         if (value.vt == VT_R8 || value.vt == VT_DATE) {
             value.dblVal = m_random.Of(reals);
         }
@@ -268,30 +279,56 @@ struct Handles {
     DWORD user = ::GetGuiResources(::GetCurrentProcess(), GR_USEROBJECTS);
 };
 
-// Tells which session crashed, and ends the program at once.
+// Tells which session crashed or came to no end, and ends the program at once.
 class CrashTold {
   public:
-    CrashTold() : m_before(::SetUnhandledExceptionFilter(OnCrash)) {}
+    CrashTold() : m_before(::SetUnhandledExceptionFilter(OnCrash)) {
+        ::CreateTimerQueueTimer(&m_timer, nullptr, OnTick, nullptr, 1000, 1000, 0);
+    }
     CrashTold(const CrashTold&) = delete;
     CrashTold& operator=(const CrashTold&) = delete;
-    ~CrashTold() { ::SetUnhandledExceptionFilter(m_before); }
+    ~CrashTold() {
+        ::DeleteTimerQueueTimer(nullptr, m_timer, INVALID_HANDLE_VALUE);
+        ::SetUnhandledExceptionFilter(m_before);
+    }
 
-    static inline unsigned seed = 0;
+    // The DISPID of the call that was begun last.
+    static inline std::atomic<DISPID> LastCall = DISPID_UNKNOWN;
+
+    static void Begin(unsigned sessionSeed) {
+        seed = sessionSeed;
+        start = ::GetTickCount64();
+    }
 
   private:
+    // A session takes well below a second.
+    static constexpr ULONGLONG MostMilliseconds = 120000;
+
+    static void CALLBACK OnTick(void*, BOOLEAN) {
+        if (::GetTickCount64() - start > MostMilliseconds) {
+            std::printf("no end of VEYGRID_FUZZ_SEED=%u, last call %ld\n", seed.load(),
+                        LastCall.load());
+            std::fflush(stdout);
+            ::TerminateProcess(::GetCurrentProcess(), 4);
+        }
+    }
     static LONG WINAPI OnCrash(EXCEPTION_POINTERS* pointers) {
         const auto* const module = reinterpret_cast<const char*>(Ocx::Handle());
         const auto* const place =
             static_cast<const char*>(pointers->ExceptionRecord->ExceptionAddress);
-        std::printf("exception %lX at VeyGrid.ocx+%llX in VEYGRID_FUZZ_SEED=%u\n",
+        std::printf("exception %lX at VeyGrid.ocx+%llX in VEYGRID_FUZZ_SEED=%u, last call %ld\n",
                     pointers->ExceptionRecord->ExceptionCode,
-                    static_cast<unsigned long long>(place - module), seed);
+                    static_cast<unsigned long long>(place - module), seed.load(), LastCall.load());
         std::fflush(stdout);
         ::TerminateProcess(::GetCurrentProcess(), 3);
         return EXCEPTION_EXECUTE_HANDLER;
     }
 
+    static inline std::atomic<unsigned> seed = 0;
+    static inline std::atomic<ULONGLONG> start = 0;
+
     LPTOP_LEVEL_EXCEPTION_FILTER m_before;
+    HANDLE m_timer = nullptr;
 };
 
 // Runs sessions, each with a seed of its own, until the time is over; then the counts are compared
@@ -301,9 +338,9 @@ void RunSessions(Session session) {
     const FuzzFolder folder;
     const DialogsClosed closed;
     const CrashTold told;
-    unsigned& seed = CrashTold::seed;
-    seed = FuzzSeed();
+    unsigned seed = FuzzSeed();
     const auto once = [&] {
+        CrashTold::Begin(seed);
         Random random(seed);
         session(random);
         folder.Empty();
