@@ -217,6 +217,8 @@ void SheetView::SheetReplaced() {
         std::clamp(m_layout.FirstVisibleRow, 1, std::max(properties.MaxRow, 1));
     m_layout.FirstVisibleCol =
         std::clamp(m_layout.FirstVisibleCol, 1, std::max(properties.MaxCol, 1));
+    Changed();
+    m_control.InvalidateControl();
     UpdateScrollBars();
 }
 

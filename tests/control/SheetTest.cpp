@@ -87,6 +87,22 @@ class SheetTest : public testing::Test {
 
 // --- Painting
 
+TEST_F(SheetTest, AFileThatIsOpenedIsOnViewAtOnce) {
+    wchar_t folder[MAX_PATH];
+    wchar_t file[MAX_PATH];
+    ASSERT_NE(::GetTempPathW(MAX_PATH, folder), 0U);
+    ASSERT_NE(::GetTempFileNameW(folder, L"vey", 0, file), 0U);
+    grid.Put(L"BackColor", {static_cast<int>(Red)});
+    ASSERT_EQ(grid.Number(L"SaveFile", {file}), -1);
+    grid.Put(L"BackColor", {static_cast<int>(White)});
+    Paint();
+    ASSERT_EQ(PixelAt(80, 60), White);
+    EXPECT_EQ(grid.Number(L"OpenFile", {file, 0}), 1);
+    Paint();
+    EXPECT_EQ(PixelAt(80, 60), Red);
+    ::DeleteFileW(file);
+}
+
 TEST_F(SheetTest, TheWindowShowsHeadersGridLinesAndTheMarkOfTheActiveCell) {
     EXPECT_EQ(PixelAt(0, 0), ::GetSysColor(COLOR_BTNHIGHLIGHT));
     EXPECT_EQ(PixelAt(25, 100), ::GetSysColor(COLOR_BTNFACE));
