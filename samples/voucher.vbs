@@ -53,13 +53,13 @@ Sub SetUpSheet()
     Grid.ForeColor = Ink
     Grid.GridLinesColor = RGB(169, 199, 169)
     Grid.DefCellHeight = 28
-    Grid.RowHeaderWidth = 34
+    Grid.RowHeaderWidth = 44
     Grid.ColHeaderHeight = 22
     Grid.ShowDefRowHeader = False
     ' 用户修改过的单元格记入修改日志，供宿主保存到数据库。
     Grid.ModifiedLog = 3
 
-    widths = Array(178, 104, 236, 104, 104, 44)
+    widths = Array(178, 104, 262, 112, 112, 44)
     ' 列名就是数据字段名，可以用 GetCellTextByColName 按名称读写。
     names = Array("摘要", "总账科目", "明细科目", "借方金额", "贷方金额", "记账")
     For col = Summary To Posted
