@@ -92,6 +92,17 @@ class Sheet {
         ::UpdateWindow(m_window);
         Flush();
     }
+    // A key as the input queue brings it, up to the finished paint.
+    void Press(WPARAM key) {
+        constexpr LPARAM OncePressed = 1;
+        ::PostMessageW(m_window, WM_KEYDOWN, key, OncePressed);
+        MSG message;
+        while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+            ::TranslateMessage(&message);
+            ::DispatchMessageW(&message);
+        }
+        Flush();
+    }
     const Late& Grid() const { return m_grid; }
     HWND Window() const { return m_window; }
 
@@ -213,6 +224,31 @@ void AgainstTheList(Sheet& sheet, List& list) {
              [&] { return scroll(list, SB_PAGEDOWN, SB_PAGEUP); }, 9);
 }
 
+void KeyToPaint(Sheet& sheet) {
+    sheet.FillAndShow(1);
+    sheet.Grid().Call(L"SetActiveCell", {10, 3});
+    sheet.Press(VK_DOWN);
+    LONG row = 0;
+    LONG col = 0;
+    sheet.Grid().Call(L"GetActiveCell", {Arg::Reference(&row), Arg::Reference(&col)});
+    if (row != 11 || col != 3) {
+        std::printf("the key did not move the active cell\n");
+        std::exit(1);
+    }
+    constexpr int Count = 10;
+    Ratio("a key that moves the active cell, up to its paint, against a full repaint", 1.1)
+        .Run(
+            [&] {
+                return Seconds([&] {
+                           for (int i = 0; i < Count; ++i) {
+                               sheet.Press(i % 2 == 0 ? VK_UP : VK_DOWN);
+                           }
+                       }) /
+                       Count;
+            },
+            [&] { return Repaints(sheet.Window(), Count); }, 9);
+}
+
 // Where in the sheet the view stands must not matter.
 void DownTheSheet(Sheet& sheet) {
     constexpr int Tab = 9;
@@ -249,6 +285,7 @@ int main() {
         List list(font.Get());
         RequireWholeOnScreen(sheet.Window());
         AgainstTheList(sheet, list);
+        KeyToPaint(sheet);
         DownTheSheet(sheet);
     }
     return 0;
