@@ -152,8 +152,10 @@ void OneSession(Random& random) {
     const std::array<IDispatch*, 4> objects{grid.Object(), format.Object(), description.Object(),
                                             nullptr};
     int depth = 0;
+    int left = 100;  // pasting fires thousands of events, and each call may be a long one
     EventSink sink([&](DISPID, DISPPARAMS&) {
-        if (depth < 3 && random.OneIn(10)) {
+        if (depth < 3 && left > 0 && random.OneIn(10)) {
+            --left;
             ++depth;
             CallAtRandom(random, VeyGridTable(), grid.Object(), random.Of(objects));
             --depth;
