@@ -7,11 +7,6 @@ Function TakenStarts()
     TakenStarts = starts
     starts = ""
 End Function
-Function Active()
-    Dim row, col
-    Grid.GetActiveCell row, col
-    Active = row & "," & col
-End Function
 Sub Lock(row, col)
     Dim format
     Set format = Grid.CellFormat(row, col)

@@ -17,14 +17,6 @@ End Function
 Function Y(row)
     Y = 20 + (row - 1) * 20 + 10
 End Function
-Function Selected()
-    Dim index, r1, c1, r2, c2
-    Selected = ""
-    For index = 0 To Grid.GetSelectionCount() - 1
-        Grid.GetSelection index, r1, c1, r2, c2
-        Selected = Selected & "(" & r1 & "," & c1 & "," & r2 & "," & c2 & ")"
-    Next
-End Function
 ' From the left rim of the frame that begins at the cell.
 Sub DragFrame(row, col, toRow, toCol, mods)
     Host.Press 50 + (col - 1) * 60 + 1, Y(row)

@@ -12,11 +12,6 @@ Function Taken()
     Taken = events
     events = ""
 End Function
-Function Active()
-    Dim row, col
-    Grid.GetActiveCell row, col
-    Active = row & "," & col
-End Function
 Const Box = "[Veynor Grid Control, 输入的数据非法!, 64, ok]"
 
 Grid.MaxRow = 100

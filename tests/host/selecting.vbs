@@ -12,20 +12,6 @@ End Function
 Function Y(row)
     Y = Grid.ColHeaderHeight + (row - 1) * 20 + 10
 End Function
-Function Active()
-    Dim row, col
-    Grid.GetActiveCell row, col
-    Active = row & "," & col
-End Function
-' Where nothing is selected, the active cell stands for it.
-Function Selected()
-    Dim index, r1, c1, r2, c2
-    Selected = ""
-    For index = 0 To Grid.GetSelectionCount() - 1
-        Grid.GetSelection index, r1, c1, r2, c2
-        Selected = Selected & "(" & r1 & "," & c1 & "," & r2 & "," & c2 & ")"
-    Next
-End Function
 
 Dim line
 Grid.MaxRow = 20

@@ -19,11 +19,6 @@ Function Taken()
     Taken = events
     events = ""
 End Function
-Function Active()
-    Dim row, col
-    Grid.GetActiveCell row, col
-    Active = row & "," & col
-End Function
 
 Grid.MaxRow = 20
 Grid.MaxCol = 6
