@@ -132,10 +132,16 @@ bool CVeyGridCtrl::SaveFile(std::string_view path) {
 }
 
 std::int16_t CVeyGridCtrl::OpenFile(std::string_view path, std::int16_t runQuery) {
-    const std::int16_t answer = veygrid::OpenFile(*MakeFileSystem(), Utf8FromCodePage936(path),
-                                                  runQuery, m_store, m_document, m_host);
-    m_sheet.SheetReplaced();
-    return answer;
+    try {
+        const std::int16_t answer = veygrid::OpenFile(*MakeFileSystem(), Utf8FromCodePage936(path),
+                                                      runQuery, m_store, m_document, m_host);
+        m_sheet.SheetReplaced();
+        return answer;
+    } catch (...) {
+        // What was read of a damaged file is in the sheet.
+        m_sheet.SheetReplaced();
+        throw;
+    }
 }
 
 std::int16_t CVeyGridCtrl::RunQuery(std::int16_t) {

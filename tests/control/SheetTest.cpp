@@ -87,20 +87,51 @@ class SheetTest : public testing::Test {
 
 // --- Painting
 
+// A file of the sheet as it is, cut off by `lost` bytes at its end.
+class SavedSheet {
+  public:
+    explicit SavedSheet(const Late& grid, LONG lost = 0) {
+        wchar_t folder[MAX_PATH];
+        EXPECT_NE(::GetTempPathW(MAX_PATH, folder), 0U);
+        EXPECT_NE(::GetTempFileNameW(folder, L"vey", 0, m_name), 0U);
+        EXPECT_EQ(grid.Number(L"SaveFile", {m_name}), -1);
+        const HANDLE file =
+            ::CreateFileW(m_name, GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+        EXPECT_NE(::SetFilePointer(file, -lost, nullptr, FILE_END), INVALID_SET_FILE_POINTER);
+        EXPECT_TRUE(::SetEndOfFile(file));
+        ::CloseHandle(file);
+    }
+    SavedSheet(const SavedSheet&) = delete;
+    SavedSheet& operator=(const SavedSheet&) = delete;
+    ~SavedSheet() { ::DeleteFileW(m_name); }
+
+    const wchar_t* Name() const { return m_name; }
+
+  private:
+    wchar_t m_name[MAX_PATH];
+};
+
 TEST_F(SheetTest, AFileThatIsOpenedIsOnViewAtOnce) {
-    wchar_t folder[MAX_PATH];
-    wchar_t file[MAX_PATH];
-    ASSERT_NE(::GetTempPathW(MAX_PATH, folder), 0U);
-    ASSERT_NE(::GetTempFileNameW(folder, L"vey", 0, file), 0U);
     grid.Put(L"BackColor", {static_cast<int>(Red)});
-    ASSERT_EQ(grid.Number(L"SaveFile", {file}), -1);
+    const SavedSheet saved(grid);
     grid.Put(L"BackColor", {static_cast<int>(White)});
     Paint();
     ASSERT_EQ(PixelAt(80, 60), White);
-    EXPECT_EQ(grid.Number(L"OpenFile", {file, 0}), 1);
+    EXPECT_EQ(grid.Number(L"OpenFile", {saved.Name(), 0}), 1);
     Paint();
     EXPECT_EQ(PixelAt(80, 60), Red);
-    ::DeleteFileW(file);
+}
+
+TEST_F(SheetTest, WhatWasReadOfADamagedFileIsOnViewAtOnce) {
+    grid.Put(L"BackColor", {static_cast<int>(Red)});
+    const SavedSheet saved(grid, 4);
+    grid.Put(L"BackColor", {static_cast<int>(White)});
+    Paint();
+    OwnedVariant result;
+    EXPECT_EQ(grid.Invoke(grid.IdOf(L"OpenFile"), DISPATCH_METHOD, {saved.Name(), 0}, &result),
+              DISP_E_EXCEPTION);
+    Paint();
+    EXPECT_EQ(PixelAt(80, 60), Red);
 }
 
 TEST_F(SheetTest, TheWindowShowsHeadersGridLinesAndTheMarkOfTheActiveCell) {

@@ -15,25 +15,16 @@ Function Taken()
     Taken = events
     events = ""
 End Function
-Function X(col)
-    X = 50 + (col - 1) * 60 + 30
-End Function
-Function Y(row)
-    Y = 20 + (row - 1) * 20 + 10
-End Function
-Dim line, format
-For line = 1 To 20
-    Grid.RowHeight(line) = 20
-    If line < 11 Then Grid.ColWidth(line) = 60
-Next
+Dim format
+EvenSheet 20, 10
 Grid.CellText(3, 2) = "iiiiii"
 Host.Pump 0
-Host.DoubleClick 50 + 60 + 2, Y(3)
+Host.DoubleClick 50 + 60 + 2, MiddleY(3)
 Check "opens", Taken(), "double;starting 3,2;"
 Host.TypeText "A"
 Grid.EndEdit
 Check "with the caret at the click", Grid.CellText(3, 2), "Aiiiiii"
-Host.DoubleClick 50 + 120 - 8, Y(3)
+Host.DoubleClick 50 + 120 - 8, MiddleY(3)
 Host.TypeText "Z"
 Grid.EndEdit
 Check "or behind the text", Grid.CellText(3, 2), "AiiiiiiZ"
@@ -42,19 +33,19 @@ Taken
 Set format = Grid.CellFormat(5, 2)
 format.ReadOnly = True
 Grid.CellFormat(5, 2) = format
-Host.DoubleClick X(2), Y(5)
+Host.DoubleClick MiddleX(2), MiddleY(5)
 Check "not on a read-only cell", Taken(), "double;"
 vetoes = True
-Host.DoubleClick X(3), Y(5)
+Host.DoubleClick MiddleX(3), MiddleY(5)
 Check "nor against the host", Taken(), "double;starting 5,3;"
 vetoes = False
 Grid.AllowEdit = False
-Host.DoubleClick X(3), Y(6)
+Host.DoubleClick MiddleX(3), MiddleY(6)
 Check "nor without AllowEdit", Taken(), "double;"
 
-Host.DoubleClick 10, Y(4)
+Host.DoubleClick 10, MiddleY(4)
 Check "a row header", Taken(), "double;label 0,4;"
-Host.DoubleClick X(3), 8
+Host.DoubleClick MiddleX(3), 8
 Check "a column header", Taken(), "double;label 1,3;"
 Host.DoubleClick 10, 8
 Check "the corner", Taken(), "double;"

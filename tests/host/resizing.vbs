@@ -8,13 +8,7 @@ Sub Drag(x1, y1, x2, y2)
     Host.Move x1, (y1 + y2) \ 2
     Host.Release x2, y2
 End Sub
-Dim line
-Grid.MaxRow = 20
-Grid.MaxCol = 10
-For line = 1 To 20
-    Grid.RowHeight(line) = 20
-    If line < 11 Then Grid.ColWidth(line) = 60
-Next
+EvenSheet 20, 10
 Host.Pump 0
 
 Drag 10, 20 + 60 - 1, 10, 20 + 75
