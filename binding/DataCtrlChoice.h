@@ -16,8 +16,8 @@ inline constexpr std::int32_t NoDataType = -1;
 // Texts are in code page 936.
 struct DataCtrlChoice {
     std::int32_t dataType = NoDataType;
-    std::string showFormat;
-    std::string validity;
+    std::string showFormat = {};
+    std::string validity = {};
     // Whether the user has touched the text, even if it is again what it was.
     bool showFormatChanged = false;
     bool validityChanged = false;
