@@ -102,7 +102,11 @@ class CParamDlg final : public ModalDialog, private ParamFields {
 
     std::string NameText() override { return ItemText(NameField); }
     std::string ValueText() override { return ItemText(ValueField); }
-    void SetValueText(std::string_view text) override { SetItemText(ValueField, text); }
+    // Selected, as a field is that the user goes on to by Tab.
+    void SetValueText(std::string_view text) override {
+        SetItemText(ValueField, text);
+        Send(ValueField, EM_SETSEL, 0, -1);
+    }
     bool IsValueModified() override { return Send(ValueField, EM_GETMODIFY) != 0; }
     void ClearValueModified() override { Send(ValueField, EM_SETMODIFY, FALSE); }
     void AddName(std::string_view name) override {

@@ -30,7 +30,7 @@ class CDataSourceDlg final : public ResourceDialog {
     CDataSourceDlg(CVeyGridCtrl& control, DataSourceWindows& windows)
         : m_control(control), m_windows(windows) {}
 
-    // All is there to read, and typing adds to it: nothing is selected.
+    // Nothing is selected, so that typing takes nothing away.
     void Show() {
         if (::CreateDialogParamW(module::Instance(), MAKEINTRESOURCEW(DataSourceDialogId),
                                  m_control.Window(), Procedure,
@@ -43,6 +43,7 @@ class CDataSourceDlg final : public ResourceDialog {
         SetItemText(StatementField, m_control.Store().Properties.DataSource);
         ::ShowWindow(Window(), SW_SHOW);
         ::SetFocus(Item(StatementField));
+        Send(StatementField, EM_SETSEL);
     }
     void Destroy() {
         if (Window() != nullptr) {
@@ -56,6 +57,8 @@ class CDataSourceDlg final : public ResourceDialog {
             case WM_SIZE:
                 FillClientArea();
                 return TRUE;
+            case WM_NEXTDLGCTL:
+                return TRUE;  // there is none, and the field would be selected whole
             case WM_COMMAND:
                 if (LOWORD(wParam) != IDCANCEL) {
                     return FALSE;
