@@ -52,8 +52,9 @@ class ControlMenu final : public PopupMenu, public MenuHost {
 
     ContextMenu& Context() { return m_context; }
     MenuCommands& Commands() { return m_commands; }
-    // Windows that commands have opened and that stand by themselves; to be called while the
-    // control's window ends.
+    // Windows that commands have opened and that stand by themselves. They close with the control's
+    // window.
+    void EnableWindows(bool enable) { m_dataSources.EnableAll(enable); }
     void CloseWindows() { m_dataSources.CloseAll(); }
 
   private:

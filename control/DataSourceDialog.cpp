@@ -45,6 +45,7 @@ class CDataSourceDlg final : public ResourceDialog {
         ::SetFocus(Item(StatementField));
         Send(StatementField, EM_SETSEL);
     }
+    void Enable(bool enable) { ::EnableWindow(Window(), enable); }
     void Destroy() {
         if (Window() != nullptr) {
             ::DestroyWindow(Window());
@@ -116,6 +117,13 @@ void DataSourceWindows::Open() {
         dialog->Destroy();
         Forget(*dialog);
         throw;
+    }
+}
+
+// Copied, since a window that gets or loses the focus may let another one go.
+void DataSourceWindows::EnableAll(bool enable) {
+    for (const auto& dialog : std::vector(m_open)) {
+        dialog->Enable(enable);
     }
 }
 

@@ -22,6 +22,8 @@ class DataSourceWindows {
 
     // One more window, with the statement as it is now; throws OleError when there can be none.
     void Open();
+    // Whether they take input.
+    void EnableAll(bool enable);
     void CloseAll();
     // A window is gone.
     void Forget(const CDataSourceDlg& dialog);

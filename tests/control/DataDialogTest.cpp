@@ -615,6 +615,17 @@ TEST_F(DataDialog, SeveralSourceWindowsStandAtOnceAndEachStoresItsOwn) {
     EXPECT_EQ(desk.Source(), "20");
 }
 
+TEST_F(DataDialog, SourceWindowsTakeNoInputWhileTheContainerIsModal) {
+    Desk desk;
+    const HWND window = desk.OpenSource();
+    ComPtr<IOleInPlaceActiveObject> active;
+    ASSERT_EQ(desk.control.As(&active), S_OK);
+    EXPECT_EQ(active->EnableModeless(FALSE), S_OK);
+    EXPECT_FALSE(::IsWindowEnabled(window));
+    EXPECT_EQ(active->EnableModeless(TRUE), S_OK);
+    EXPECT_TRUE(::IsWindowEnabled(window));
+}
+
 TEST_F(DataDialog, AHundredThousandBytesGoThroughASourceWindow) {
     Desk desk;
     std::wstring statement;

@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "control/AutomationTable.h"
+#include "platform/win32/ole/MessageFilter.h"
 #include "platform/win32/ole/Module.h"
 #include "platform/win32/ole/OleControl.h"
 #include "tests/control/MessageLoops.h"
@@ -241,6 +242,44 @@ TEST_P(EveryLoop, AMessageLookedAtButNotTakenIsShownOnlyWhenItIsTaken) {
     EXPECT_THAT(shown.control->shown, IsEmpty());
     Run(shown);
     EXPECT_THAT(shown.control->shown, ElementsAre(WM_KEYDOWN));
+}
+
+TEST_P(EveryLoop, AModelessDialogOfTheControlGetsItsKeysAndNobodyElseDoes) {
+    Shown shown(m_dialog.Window());
+    shown.control->filter = [](MSG&) { return true; };
+    const DialogWindow own;
+    messagefilter::AddDialog(own.Window());
+    PostKey(::GetDlgItem(own.Window(), IDOK), VK_RETURN);
+    Run(shown);
+    EXPECT_EQ(DialogWindow::pressed, 1);
+    messagefilter::RemoveDialog(own.Window());
+    PostKey(::GetDlgItem(own.Window(), IDOK), VK_RETURN);
+    Run(shown);
+    EXPECT_EQ(DialogWindow::pressed, 1);
+    EXPECT_THAT(shown.control->shown, IsEmpty());
+}
+
+TEST_P(EveryLoop, AKeyMayEndItsModelessDialogAndTheControl) {
+    Shown shown(m_dialog.Window());
+    const HWND own = ::CreateWindowExW(0, L"#32770", L"own", WS_POPUP, 0, 0, 10, 10,
+                                       m_dialog.Window(), nullptr, nullptr, nullptr);
+    static Shown* ending = nullptr;
+    ending = &shown;
+    ::SetWindowLongPtrW(own, DWLP_DLGPROC,
+                        reinterpret_cast<LONG_PTR>(static_cast<DLGPROC>(
+                            [](HWND window, UINT message, WPARAM, LPARAM) -> INT_PTR {
+                                if (message == WM_COMMAND) {
+                                    ::DestroyWindow(window);
+                                    messagefilter::RemoveDialog(window);
+                                    ending->container.Close();
+                                }
+                                return FALSE;
+                            })));
+    messagefilter::AddDialog(own);
+    PostKey(own, VK_ESCAPE);
+    Run(shown);
+    EXPECT_FALSE(::IsWindow(own));
+    EXPECT_EQ(shown.Window(), nullptr);
 }
 
 class MessageFilter : public ::testing::Test {
