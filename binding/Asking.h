@@ -6,7 +6,7 @@ namespace veygrid {
 // Holds the flag up while it lives.
 class Asking {
   public:
-    explicit Asking(bool& flag) : m_flag(flag) { m_flag = true; }
+    explicit Asking(bool& flag) : m_flag(flag) { flag = true; }
     Asking(const Asking&) = delete;
     Asking& operator=(const Asking&) = delete;
     ~Asking() { m_flag = false; }
