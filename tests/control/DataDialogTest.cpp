@@ -7,8 +7,10 @@
 #include <vector>
 
 #include "control/ClassIds.h"
+#include "control/HeaderTextDialog.h"
 #include "control/Translation.h"
 #include "control/VeyGridEvents.h"
+#include "platform/win32/ole/Module.h"
 #include "tests/control/MessageLoops.h"
 #include "tests/control/OpenDialog.h"
 #include "tests/control/Pixels.h"
@@ -24,32 +26,35 @@ using ::testing::IsEmpty;
 constexpr int DataTypeList = 1014;
 constexpr int ShowFormatField = 1018;
 constexpr int ValidityField = 1020;
+constexpr int HeaderField = 1003;
 constexpr int NameField = 1030;
 constexpr int ValueField = 1045;
 constexpr int DeleteButton = 1001;
 constexpr int StatementField = 1047;
 
 const std::wstring FormatCaption = L"数据控制";
+const std::wstring HeaderCaption = L"设置行列标题";
 const std::wstring SourceCaption = L"查看/修改数据源";
 const std::wstring ParamCaption = L"参数设置";
 const std::wstring BoxCaption = L"Veynor Grid Control";
 
+struct CaptionSearch {
+    const std::wstring& caption;
+    std::vector<HWND> found;
+};
+
+BOOL CALLBACK CompareCaption(HWND window, LPARAM target) {
+    auto& search = *reinterpret_cast<CaptionSearch*>(target);
+    if (::IsWindowVisible(window) && WindowText(window) == search.caption) {
+        search.found.push_back(window);
+    }
+    return TRUE;
+}
+
 // Visible dialogs of the thread with the caption, the uppermost first.
 std::vector<HWND> DialogsWith(const std::wstring& caption) {
-    struct Search {
-        const std::wstring& caption;
-        std::vector<HWND> found;
-    } search{caption, {}};
-    ::EnumThreadWindows(
-        ::GetCurrentThreadId(),
-        [](HWND window, LPARAM target) {
-            auto& wanted = *reinterpret_cast<Search*>(target);
-            if (::IsWindowVisible(window) && WindowText(window) == wanted.caption) {
-                wanted.found.push_back(window);
-            }
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&search));
+    CaptionSearch search{caption, {}};
+    ::EnumThreadWindows(::GetCurrentThreadId(), CompareCaption, reinterpret_cast<LPARAM>(&search));
     return search.found;
 }
 
@@ -346,6 +351,19 @@ TEST_F(DataDialog, TypedChineseAndCharactersThatTheCodePageLacksGoIntoTheRecord)
         Press(dialog, IDOK);
     });
     EXPECT_EQ(desk.grid.Text(L"CellShowFormat", {1, 1}), CodePage936FromUtf8("YYYY年龘|") + "?");
+}
+
+// The header text dialog.
+
+TEST_F(DataDialog, TheHeaderDialogHasItsSizeItsFieldAndItsButtons) {
+    module::Attach(reinterpret_cast<HINSTANCE>(Ocx::Handle()));
+    const OpenDialog open(HasCaption(HeaderCaption), [](HWND dialog) {
+        ExpectSize(dialog, 178, 80);
+        EXPECT_EQ(LOWORD(::SendMessageW(dialog, DM_GETDEFID, 0, 0)), IDOK);
+        TypeInto(::GetDlgItem(dialog, HeaderField), u"丂|龘\u00FF");
+        Press(dialog, IDOK);
+    });
+    EXPECT_EQ(AskHeaderText(nullptr, "old"), CodePage936FromUtf8("丂|龘") + "?");
 }
 
 // The parameter dialog.

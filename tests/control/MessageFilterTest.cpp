@@ -259,26 +259,38 @@ TEST_P(EveryLoop, AModelessDialogOfTheControlGetsItsKeysAndNobodyElseDoes) {
     EXPECT_THAT(shown.control->shown, IsEmpty());
 }
 
+// A dialog that ends itself and a container at its first command.
+class EndingDialog {
+  public:
+    EndingDialog(HWND owner, Container& container)
+        : m_window(::CreateWindowExW(0, L"#32770", L"own", WS_POPUP, 0, 0, 10, 10, owner, nullptr,
+                                     nullptr, nullptr)) {
+        ended = &container;
+        ::SetWindowLongPtrW(m_window, DWLP_DLGPROC, reinterpret_cast<LONG_PTR>(&Procedure));
+        messagefilter::AddDialog(m_window);
+    }
+    HWND Window() const { return m_window; }
+
+  private:
+    static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM, LPARAM) {
+        if (message == WM_COMMAND) {
+            ::DestroyWindow(window);
+            messagefilter::RemoveDialog(window);
+            ended->Close();
+        }
+        return FALSE;
+    }
+
+    static inline Container* ended = nullptr;
+    HWND m_window;
+};
+
 TEST_P(EveryLoop, AKeyMayEndItsModelessDialogAndTheControl) {
     Shown shown(m_dialog.Window());
-    const HWND own = ::CreateWindowExW(0, L"#32770", L"own", WS_POPUP, 0, 0, 10, 10,
-                                       m_dialog.Window(), nullptr, nullptr, nullptr);
-    static Shown* ending = nullptr;
-    ending = &shown;
-    ::SetWindowLongPtrW(own, DWLP_DLGPROC,
-                        reinterpret_cast<LONG_PTR>(static_cast<DLGPROC>(
-                            [](HWND window, UINT message, WPARAM, LPARAM) -> INT_PTR {
-                                if (message == WM_COMMAND) {
-                                    ::DestroyWindow(window);
-                                    messagefilter::RemoveDialog(window);
-                                    ending->container.Close();
-                                }
-                                return FALSE;
-                            })));
-    messagefilter::AddDialog(own);
-    PostKey(own, VK_ESCAPE);
+    const EndingDialog own(m_dialog.Window(), shown.container);
+    PostKey(own.Window(), VK_ESCAPE);
     Run(shown);
-    EXPECT_FALSE(::IsWindow(own));
+    EXPECT_FALSE(::IsWindow(own.Window()));
     EXPECT_EQ(shown.Window(), nullptr);
 }
 
