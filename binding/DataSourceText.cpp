@@ -69,6 +69,17 @@ void OnDataSourceChanged(GridStore& store) {
     store.SetModifiedAndNotify(true);
 }
 
+void StoreTypedDataSource(GridStore& store, std::string_view typed) {
+    constexpr std::string_view LineEnd = "\r\n";
+    std::string statement;
+    statement.reserve(typed.size());
+    for (std::size_t end = typed.find(LineEnd); end != NotFound; end = typed.find(LineEnd)) {
+        statement.append(typed.substr(0, end)) += ' ';
+        typed.remove_prefix(end + LineEnd.size());
+    }
+    store.Properties.DataSource = statement.append(typed);
+}
+
 void RebuildDataSource(GridStore& store) {
     std::string& source = store.Properties.DataSource;
     if (source.empty()) {

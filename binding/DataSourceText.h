@@ -24,6 +24,10 @@ void SetDSWhere(GridStore& store, std::optional<std::string_view> value);
 // in place of all former names, and notifies.
 void OnDataSourceChanged(GridStore& store);
 
+// Stores a statement as it was typed in the editor of the data source, a blank in place of each
+// line end. It goes past the property: `ColNameMap` stays, nothing is told; this is on purpose.
+void StoreTypedDataSource(GridStore& store, std::string_view typed);
+
 // To be called when whole columns were removed or moved: builds `DataSource` anew from the column
 // names up to the first column without one. The table list comes from the qualifiers of the names
 // alone, so the tables of unqualified columns are lost; this is on purpose. Does not notify.

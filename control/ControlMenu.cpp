@@ -3,6 +3,7 @@
 
 #include <commdlg.h>
 
+#include "control/DataDialogs.h"
 #include "control/FileDialog.h"
 #include "control/FormatDialogs.h"
 #include "control/Translation.h"
@@ -75,6 +76,18 @@ std::optional<FontChoice> ControlMenu::AskFont(const LogFont& shown) {
 
 std::optional<AlignChoice> ControlMenu::AskAlignment(const AlignChoice& shown) {
     return veygrid::AskAlignment(m_control.Window(), shown);
+}
+
+std::optional<DataCtrlChoice> ControlMenu::AskDataCtrl(const DataCtrlChoice& shown) {
+    return veygrid::AskDataCtrl(m_control.Window(), shown);
+}
+
+void ControlMenu::ShowParamDlg() {
+    EditParams(m_control);
+}
+
+void ControlMenu::OpenDataSourceWindow() {
+    m_dataSources.Open();
 }
 
 std::optional<std::string> ControlMenu::AskFileToSave() {

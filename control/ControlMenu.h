@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "control/DataSourceDialog.h"
 #include "grid/GridStore.h"
 #include "platform/PopupMenu.h"
 #include "platform/win32/ole/Platform.h"
@@ -51,6 +52,10 @@ class ControlMenu final : public PopupMenu, public MenuHost {
 
     ContextMenu& Context() { return m_context; }
     MenuCommands& Commands() { return m_commands; }
+    // Windows that commands have opened and that stand by themselves. They close with the control's
+    // window.
+    void EnableWindows(bool enable) { m_dataSources.EnableAll(enable); }
+    void CloseWindows() { m_dataSources.CloseAll(); }
 
   private:
     bool HasMenu() const override { return m_menu.Get() != nullptr; }
@@ -67,6 +72,9 @@ class ControlMenu final : public PopupMenu, public MenuHost {
     LogFont StockFont() override;
     std::optional<FontChoice> AskFont(const LogFont& shown) override;
     std::optional<AlignChoice> AskAlignment(const AlignChoice& shown) override;
+    std::optional<DataCtrlChoice> AskDataCtrl(const DataCtrlChoice& shown) override;
+    void ShowParamDlg() override;
+    void OpenDataSourceWindow() override;
     std::optional<std::string> AskFileToSave() override;
     std::optional<std::string> AskFileToOpen() override;
     bool SaveFile(std::string_view path) override;
@@ -88,6 +96,7 @@ class ControlMenu final : public PopupMenu, public MenuHost {
 
     CVeyGridCtrl& m_control;
     OwnedMenu m_menu;
+    DataSourceWindows m_dataSources{m_control};
     ContextMenu m_context;
     MenuCommands m_commands;
 };

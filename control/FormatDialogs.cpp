@@ -48,18 +48,15 @@ class CAlignDlg final : public ModalDialog {
                     .readOnly = Box(ReadOnlyBox)};
     }
 
-    LRESULT Send(int item, UINT message, WPARAM wParam, LPARAM lParam) const {
-        return ::SendDlgItemMessageW(Window(), item, message, wParam, lParam);
-    }
     void FillList(int list, std::span<const std::uint32_t> texts, std::int32_t chosen) {
         for (const std::uint32_t text : texts) {
             const std::wstring line = WideFromText(GetMsg(text));
             Send(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
         }
-        Send(list, CB_SETCURSEL, static_cast<WPARAM>(chosen), 0);
+        Send(list, CB_SETCURSEL, static_cast<WPARAM>(chosen));
     }
     std::int32_t Chosen(int list) const {
-        return static_cast<std::int32_t>(Send(list, CB_GETCURSEL, 0, 0));
+        return static_cast<std::int32_t>(Send(list, CB_GETCURSEL));
     }
     void SetBox(int box, std::int32_t state) {
         ::CheckDlgButton(Window(), box, static_cast<UINT>(state));

@@ -2,8 +2,6 @@
 #include "control/HeaderTextDialog.h"
 
 #include "control/ModalDialog.h"
-#include "control/Translation.h"
-#include "platform/win32/ole/OleText.h"
 
 namespace veygrid {
 
@@ -19,10 +17,8 @@ class CHeaderTextDlg final : public ModalDialog {
     const std::string& Text() const { return m_text; }
 
   private:
-    void OnInitDialog() override {
-        ::SetDlgItemTextW(Window(), TextField, WideFromText(m_text).c_str());
-    }
-    void OnOk() override { m_text = TextFromWide(WindowText(::GetDlgItem(Window(), TextField))); }
+    void OnInitDialog() override { SetItemText(TextField, m_text); }
+    void OnOk() override { m_text = ItemText(TextField); }
 
     std::string m_text;
 };

@@ -1,35 +1,28 @@
 // Modal dialogs from the module's resources.
 #pragma once
 
-#include "platform/win32/ole/Platform.h"
+#include "control/ResourceDialog.h"
 
 namespace veygrid {
 
-// The base translates the texts, ends on OK and Cancel, and lets no exception through.
-class ModalDialog {
+// The base ends the dialog on OK and Cancel.
+class ModalDialog : public ResourceDialog {
   public:
-    ModalDialog() = default;
-    ModalDialog(const ModalDialog&) = delete;
-    ModalDialog& operator=(const ModalDialog&) = delete;
-    virtual ~ModalDialog() = default;
-
     // True when it was left by OK, and OnOk came to its end.
     bool DoModal(UINT resource, HWND owner);
 
   protected:
-    // While the dialog is up.
-    HWND Window() const { return m_window; }
-
     // Fills the controls, before the dialog shows.
     virtual void OnInitDialog() = 0;
+    // What a control or the keyboard tells: the control's id and its notification. False leaves it
+    // to the base.
+    virtual bool OnCommand(int, UINT) { return false; }
     // Reads the controls.
-    virtual void OnOk() = 0;
+    virtual void OnOk() {}
 
   private:
-    static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    INT_PTR OnMessage(UINT message, WPARAM wParam);
-
-    HWND m_window = nullptr;
+    INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnFailure() override { ::EndDialog(Window(), IDCANCEL); }
 };
 
 }  // namespace veygrid

@@ -94,6 +94,7 @@ class CVeyGridCtrl final : public CVeyOleControl {
     void OnResetState() override;
     std::vector<PredefinedValue> OnGetPredefinedStrings(DISPID id) override;
     const CLSID* OnMapPropertyToPage(DISPID id) override;
+    void OnEnableModeless(bool enable) override { m_menu.EnableWindows(enable); }
     bool PreTranslateMessage(MSG& message) override { return m_input.PreTranslateMessage(message); }
 
   private:

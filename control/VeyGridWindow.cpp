@@ -39,6 +39,9 @@ LRESULT CVeyGridCtrl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             OnCreate();
             return result;
         }
+        case WM_DESTROY:
+            m_menu.CloseWindows();
+            break;
         case WM_SHOWWINDOW: {
             const LRESULT result = CVeyOleControl::OnMessage(message, wParam, lParam);
             m_host.UpdateScrollBars();

@@ -26,14 +26,14 @@ const MenuCommands::Entry MenuCommands::Entries[]{
     {command::Copy, [](MenuCommands& c) { c.m_host.EditCopy(); }},
     {command::Cut, [](MenuCommands& c) { c.m_host.EditCut(); }},
     {command::Paste, [](MenuCommands& c) { c.m_host.EditPaste(); }},
-    {command::Data, nullptr},
-    {command::DataSource, nullptr},
+    {command::Data, [](MenuCommands& c) { c.ShowDataCtrlDlg(); }},
+    {command::DataSource, [](MenuCommands& c) { c.m_host.OpenDataSourceWindow(); }},
     {command::GuiMode, [](MenuCommands& c) { c.m_host.SetGuiMode(!c.m_store.Properties.GuiMode); }},
     {command::GuiDesignMode,
      [](MenuCommands& c) { c.m_host.SetGuiDesignMode(!c.m_host.GuiDesignMode()); }},
     {command::TabOrder, [](MenuCommands& c) { c.m_host.ShowTabOrderDlg(); }},
     {command::Toolbox, [](MenuCommands& c) { c.m_host.ShowToolbox(true); }},
-    {command::Params, nullptr},
+    {command::Params, [](MenuCommands& c) { c.m_host.ShowParamDlg(); }},
     {command::RunQuery, nullptr},
     {command::SaveFile, [](MenuCommands& c) { c.SaveFile(); }},
     {command::OpenFile, [](MenuCommands& c) { c.OpenFile(); }},
@@ -82,12 +82,15 @@ void MenuCommands::ShowFontDlg() {
 }
 
 // Nothing is shown of a selection, whose cells may differ.
+template <class Choice>
+Choice MenuCommands::ShownChoice(Choice (*ofFormat)(const CCellFormat&)) const {
+    return m_selection.SelectionList.empty()
+               ? ofFormat(m_store.EffectiveFormatRef(m_store.ActiveRow, m_store.ActiveCol))
+               : Choice{};
+}
+
 void MenuCommands::ShowAlignDlg() {
-    const AlignChoice shown =
-        m_selection.SelectionList.empty()
-            ? AlignChoiceOf(m_store.EffectiveFormat(m_store.ActiveRow, m_store.ActiveCol))
-            : AlignChoice{};
-    const std::optional<AlignChoice> choice = m_host.AskAlignment(shown);
+    const std::optional<AlignChoice> choice = m_host.AskAlignment(ShownChoice(AlignChoiceOf));
     if (!choice) {
         return;
     }
@@ -95,6 +98,15 @@ void MenuCommands::ShowAlignDlg() {
         m_store, m_selection.SelectionList,
         [&choice](CCellFormat& format) { ApplyAlignChoice(*choice, format); },
         FormatBasis::Effective);
+}
+
+void MenuCommands::ShowDataCtrlDlg() {
+    const std::optional<DataCtrlChoice> choice = m_host.AskDataCtrl(ShownChoice(DataCtrlChoiceOf));
+    if (!choice) {
+        return;
+    }
+    ChangeSelectedFormats(m_store, m_selection.SelectionList,
+                          [&choice](CCellFormat& format) { ApplyDataCtrlChoice(*choice, format); });
 }
 
 void MenuCommands::SaveFile() {

@@ -86,6 +86,10 @@ class MenuCommands {
     };
     static const Entry Entries[];
 
+    // What a format dialog is preset with.
+    template <class Choice>
+    Choice ShownChoice(Choice (*ofFormat)(const CCellFormat&)) const;
+    void ShowDataCtrlDlg();
     void SaveFile();
     void OpenFile();
     void ToggleKeyColumn();

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "binding/DataCtrlChoice.h"
 #include "grid/LogFont.h"
 #include "platform/Geometry.h"
 #include "screen/AlignChoice.h"
@@ -27,6 +28,11 @@ class MenuHost {
     virtual LogFont StockFont() = 0;
     virtual std::optional<FontChoice> AskFont(const LogFont& shown) = 0;
     virtual std::optional<AlignChoice> AskAlignment(const AlignChoice& shown) = 0;
+    virtual std::optional<DataCtrlChoice> AskDataCtrl(const DataCtrlChoice& shown) = 0;
+    // The dialog changes the parameters while it is open.
+    virtual void ShowParamDlg() = 0;
+    // Opens one more window for the statement of the data source, and does not wait for its end.
+    virtual void OpenDataSourceWindow() = 0;
     virtual std::optional<std::string> AskFileToSave() = 0;
     virtual std::optional<std::string> AskFileToOpen() = 0;
 

@@ -257,5 +257,32 @@ TEST_F(DataSourceText, RebuildDoesNothingWithAnEmptyDataSource) {
     EXPECT_EQ(Statement(), "");
 }
 
+TEST_F(DataSourceText, AStatementTypedOnTwoLinesIsStoredOnOneWithABlankAtTheJoint) {
+    StoreTypedDataSource(m_store, "SELECT a\r\nFROM t");
+    EXPECT_EQ(Statement(), "SELECT a FROM t");
+    StoreTypedDataSource(m_store, "\r\na\r\n\r\nb\r\n");
+    EXPECT_EQ(Statement(), " a  b ");
+}
+
+TEST_F(DataSourceText, ATypedStatementIsStoredWithoutNewColumnNamesAndWithoutANotification) {
+    SetName(1, "old");
+    Give("SELECT old FROM t");
+    StoreTypedDataSource(m_store, "SELECT x,y FROM u");
+    EXPECT_EQ(Name(1), "old");
+    EXPECT_EQ(Name(2), "<none>");
+    EXPECT_TRUE(m_watcher.Lines.empty());
+}
+
+TEST_F(DataSourceText, AnEmptyTypedStatementIsStored) {
+    Give("SELECT a FROM t");
+    StoreTypedDataSource(m_store, "");
+    EXPECT_EQ(Statement(), "");
+}
+
+TEST_F(DataSourceText, LoneLineEndsAndTwoByteCharactersOfATypedStatementStay) {
+    StoreTypedDataSource(m_store, "\ra\nb\r\x81\x41\r\n\x95\x7E\x81");
+    EXPECT_EQ(Statement(), "\ra\nb\r\x81\x41 \x95\x7E\x81");
+}
+
 }  // namespace
 }  // namespace veygrid

@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "control/AutomationTable.h"
+#include "platform/win32/ole/MessageFilter.h"
 #include "platform/win32/ole/Module.h"
 #include "platform/win32/ole/OleControl.h"
 #include "tests/control/MessageLoops.h"
@@ -241,6 +242,56 @@ TEST_P(EveryLoop, AMessageLookedAtButNotTakenIsShownOnlyWhenItIsTaken) {
     EXPECT_THAT(shown.control->shown, IsEmpty());
     Run(shown);
     EXPECT_THAT(shown.control->shown, ElementsAre(WM_KEYDOWN));
+}
+
+TEST_P(EveryLoop, AModelessDialogOfTheControlGetsItsKeysAndNobodyElseDoes) {
+    Shown shown(m_dialog.Window());
+    shown.control->filter = [](MSG&) { return true; };
+    const DialogWindow own;
+    messagefilter::AddDialog(own.Window());
+    PostKey(::GetDlgItem(own.Window(), IDOK), VK_RETURN);
+    Run(shown);
+    EXPECT_EQ(DialogWindow::pressed, 1);
+    messagefilter::RemoveDialog(own.Window());
+    PostKey(::GetDlgItem(own.Window(), IDOK), VK_RETURN);
+    Run(shown);
+    EXPECT_EQ(DialogWindow::pressed, 1);
+    EXPECT_THAT(shown.control->shown, IsEmpty());
+}
+
+// A dialog that ends itself and a container at its first command.
+class EndingDialog {
+  public:
+    EndingDialog(HWND owner, Container& container)
+        : m_window(::CreateWindowExW(0, L"#32770", L"own", WS_POPUP, 0, 0, 10, 10, owner, nullptr,
+                                     nullptr, nullptr)) {
+        ended = &container;
+        ::SetWindowLongPtrW(m_window, DWLP_DLGPROC, reinterpret_cast<LONG_PTR>(&Procedure));
+        messagefilter::AddDialog(m_window);
+    }
+    HWND Window() const { return m_window; }
+
+  private:
+    static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM, LPARAM) {
+        if (message == WM_COMMAND) {
+            ::DestroyWindow(window);
+            messagefilter::RemoveDialog(window);
+            ended->Close();
+        }
+        return FALSE;
+    }
+
+    static inline Container* ended = nullptr;
+    HWND m_window;
+};
+
+TEST_P(EveryLoop, AKeyMayEndItsModelessDialogAndTheControl) {
+    Shown shown(m_dialog.Window());
+    const EndingDialog own(m_dialog.Window(), shown.container);
+    PostKey(own.Window(), VK_ESCAPE);
+    Run(shown);
+    EXPECT_FALSE(::IsWindow(own.Window()));
+    EXPECT_EQ(shown.Window(), nullptr);
 }
 
 class MessageFilter : public ::testing::Test {

@@ -19,6 +19,14 @@ CCellFormat Format(std::uint16_t align, std::uint8_t flags, std::uint8_t dataTyp
     return format;
 }
 
+CCellFormat DataFormat(std::uint8_t dataType, std::string_view showFormat,
+                       std::string_view validity) {
+    CCellFormat format = Format(0, 0, dataType);
+    format.ShowFormat = showFormat;
+    format.Validity = validity;
+    return format;
+}
+
 TEST(CommandIdMapTest, HoldsThe21PublicNumbersAndNoOther) {
     EXPECT_EQ(CommandIdMap.size(), 21U);
     for (std::int32_t item = 1001; item <= 1021; ++item) {
@@ -35,10 +43,12 @@ TEST_F(MenuTest, EachCommandAsksTheControlForWhatItDoes) {
     EXPECT_THAT(CommandCalls(42307), ElementsAre("EditCopy"));
     EXPECT_THAT(CommandCalls(42308), ElementsAre("EditCut"));
     EXPECT_THAT(CommandCalls(42309), ElementsAre("EditPaste"));
+    EXPECT_THAT(CommandCalls(42311), ElementsAre("OpenDataSourceWindow"));
     EXPECT_THAT(CommandCalls(42312), ElementsAre("SetGuiMode TRUE"));
     EXPECT_THAT(CommandCalls(42313), ElementsAre("SetGuiDesignMode TRUE"));
     EXPECT_THAT(CommandCalls(42314), ElementsAre("ShowTabOrderDlg"));
     EXPECT_THAT(CommandCalls(42315), ElementsAre("ShowToolbox TRUE"));
+    EXPECT_THAT(CommandCalls(42316), ElementsAre("ShowParamDlg"));
     EXPECT_THAT(CommandCalls(42320), ElementsAre("OnProperties"));
     EXPECT_THAT(CommandCalls(57607), ElementsAre("Print FALSE"));
 }
@@ -51,7 +61,7 @@ TEST_F(MenuTest, TheModeCommandsToggle) {
 }
 
 TEST_F(MenuTest, RunQueryAndTheCommandsToComeAreTheControlsOwnAndDoNothing) {
-    for (const std::int32_t id : {42310, 42311, 42316, 42317, 42321, 42323}) {
+    for (const std::int32_t id : {42317, 42321, 42323}) {
         EXPECT_THAT(CallsOf([&] { EXPECT_THAT(CommandCalls(id), IsEmpty()) << id; }), IsEmpty());
     }
 }
@@ -109,6 +119,95 @@ TEST_F(MenuTest, TheKeyColumnCommandOnAFreshColumnWrites0Then1Then0) {
     EXPECT_EQ(store.KeyColumnFlag(2), 1);
     CommandCalls(42322);
     EXPECT_EQ(store.KeyColumnFlag(2), 0);
+}
+
+TEST_F(MenuTest, TheKeyColumnCommandTakesAnyFlagButNoneForSet) {
+    store.SetKeyColumnFlag(1, -3);
+    CommandCalls(42322);
+    EXPECT_EQ(store.KeyColumnFlag(1), 0);
+}
+
+TEST_F(MenuTest, SendCommand1011RunsCommand42310AndSoDoes42310) {
+    SendCommand(1011);
+    SendCommand(42310);
+    EXPECT_EQ(host.shownDataCtrls.size(), 2U);
+}
+
+TEST_F(MenuTest, WithNoSelectionTheDataDialogShowsTheValuesOfTheActiveCell) {
+    store.StoreCellFormat(0, 4, DataFormat(3, "YYYY-MM-DD", "rule"));
+    store.ActiveRow = 2;
+    store.ActiveCol = 4;
+    SendCommand(1011);
+    ASSERT_EQ(host.shownDataCtrls.size(), 1U);
+    EXPECT_EQ(host.shownDataCtrls[0],
+              (DataCtrlChoice{.dataType = 3, .showFormat = "YYYY-MM-DD", .validity = "rule"}));
+}
+
+TEST_F(MenuTest,
+       WithNoSelectionDataOkWithoutAChangeWritesTheSameValuesAndGivesTheCellItsOwnRecord) {
+    const CCellFormat column = DataFormat(3, "0.00", "rule");
+    store.StoreCellFormat(0, 1, column);
+    host.dataCtrl = DataCtrlChoiceOf(column);
+    EXPECT_THAT(CallsOf([&] { SendCommand(1011); }), ElementsAre("InvalidateControl"));
+    ASSERT_NE(store.CellFormatMap.Find({1, 1}), nullptr);
+    EXPECT_EQ(*store.CellFormatMap.Find({1, 1}), column);
+    EXPECT_EQ(store.CellFormatMap.Count(), 2U);
+}
+
+TEST_F(MenuTest, WithThreeCellsSelectedOfDifferingFormatsTheDataDialogOpensBlank) {
+    store.StoreCellFormat(1, 1, DataFormat(1, "0", "a"));
+    store.StoreCellFormat(1, 2, DataFormat(2, "0.00", "b"));
+    selection.SelectionList = {{1, 1, 1, 1}, {1, 2, 1, 2}, {1, 3, 1, 3}};
+    SendCommand(1011);
+    ASSERT_EQ(host.shownDataCtrls.size(), 1U);
+    EXPECT_EQ(host.shownDataCtrls[0], DataCtrlChoice{});
+    EXPECT_EQ(host.shownDataCtrls[0].dataType, -1);
+}
+
+TEST_F(MenuTest, DataOkWithNoChangeOfTheListStores255InEveryTouchedRecordAndKeepsBothTextsOfEach) {
+    store.StoreCellFormat(1, 1, DataFormat(1, "0", "a"));
+    store.StoreCellFormat(1, 2, DataFormat(2, "0.00", "b"));
+    selection.SelectionList = {{1, 1, 1, 1}, {1, 2, 1, 2}, {1, 3, 1, 3}};
+    host.dataCtrl = DataCtrlChoice{};
+    EXPECT_THAT(CallsOf([&] { SendCommand(1011); }), ElementsAre("InvalidateControl"));
+    EXPECT_EQ(*store.CellFormatMap.Find({1, 1}), DataFormat(255, "0", "a"));
+    EXPECT_EQ(*store.CellFormatMap.Find({1, 2}), DataFormat(255, "0.00", "b"));
+    EXPECT_EQ(*store.CellFormatMap.Find({1, 3}), DataFormat(255, "", ""));
+    EXPECT_EQ(store.CellFormatMap.Count(), 3U);
+}
+
+TEST_F(MenuTest, ACancelledDataDialogChangesNothing) {
+    selection.SelectionList = {{1, 1, 3, 3}};
+    EXPECT_THAT(CallsOf([&] { SendCommand(1011); }), IsEmpty());
+    EXPECT_EQ(store.CellFormatMap.Count(), 0U);
+}
+
+TEST_F(MenuTest, TheDataDialogCarriesAColumnsRecordDownIntoASelectedRowAsTheFontDoes) {
+    store.StoreCellFormat(5, 2, DataFormat(1, "own", "own"));
+    store.StoreCellFormat(0, 2, DataFormat(2, "column", "column"));
+    selection.SelectionList = {{5, 0, 5, 0}};
+    host.dataCtrl = DataCtrlChoice{.dataType = 4, .showFormat = "0", .showFormatChanged = true};
+    SendCommand(1011);
+    EXPECT_EQ(*store.CellFormatMap.Find({5, 2}), DataFormat(4, "0", "column"));
+    EXPECT_EQ(*store.CellFormatMap.Find({5, 0}), DataFormat(4, "0", ""));
+    EXPECT_EQ(*store.CellFormatMap.Find({0, 2}), DataFormat(2, "column", "column"));
+}
+
+TEST_F(MenuTest, TheDataDialogGoesOverWholeColumnsAndTheWholeSheet) {
+    store.StoreCellFormat(3, 0, DataFormat(1, "row", "r"));
+    selection.SelectionList = {{0, 6, 0, 6}};
+    host.dataCtrl = DataCtrlChoice{.dataType = 0, .validity = ">0", .validityChanged = true};
+    SendCommand(1011);
+    EXPECT_EQ(*store.CellFormatMap.Find({3, 6}), DataFormat(0, "row", ">0"));
+    EXPECT_EQ(*store.CellFormatMap.Find({0, 6}), DataFormat(0, "", ">0"));
+    selection.SelectionList = {CellRange::WholeSheet()};
+    host.dataCtrl->dataType = 2;
+    SendCommand(1011);
+    EXPECT_EQ(store.CellFormatMap.Count(), 4U);
+    for (const auto& [key, format] : store.CellFormatMap) {
+        EXPECT_EQ(format.DataType, 2);
+        EXPECT_EQ(format.Validity, ">0");
+    }
 }
 
 TEST_F(MenuTest, SaveFileAsksForAPathAndSavesThere) {

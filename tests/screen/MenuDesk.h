@@ -68,12 +68,14 @@ class CommandRecorder final : public MenuHost {
     LogFont stockFont{.lfHeight = -12, .lfWeight = 400};
     std::optional<FontChoice> font;
     std::optional<AlignChoice> alignment;
+    std::optional<DataCtrlChoice> dataCtrl;
     std::optional<std::string> path;
     bool designMode = false;
 
     // What the dialogs were opened with.
     std::vector<LogFont> shownFonts;
     std::vector<AlignChoice> shownAlignments;
+    std::vector<DataCtrlChoice> shownDataCtrls;
     Lines Calls;
 
     Lines Take() { return std::exchange(Calls, {}); }
@@ -87,6 +89,12 @@ class CommandRecorder final : public MenuHost {
         shownAlignments.push_back(shown);
         return alignment;
     }
+    std::optional<DataCtrlChoice> AskDataCtrl(const DataCtrlChoice& shown) override {
+        shownDataCtrls.push_back(shown);
+        return dataCtrl;
+    }
+    void ShowParamDlg() override { Calls.push_back("ShowParamDlg"); }
+    void OpenDataSourceWindow() override { Calls.push_back("OpenDataSourceWindow"); }
     std::optional<std::string> AskFileToSave() override {
         Calls.push_back("AskFileToSave");
         return path;

@@ -241,8 +241,12 @@ STDMETHODIMP ActiveObjectPart::ResizeBorder(LPCRECT, IOleInPlaceUIWindow*, BOOL)
     return S_OK;
 }
 
-STDMETHODIMP ActiveObjectPart::EnableModeless(BOOL) {
-    return S_OK;
+STDMETHODIMP ActiveObjectPart::EnableModeless(BOOL enable) {
+    const KeepAlive keep(m_owner);
+    return Guarded([&] {
+        m_owner.OnEnableModeless(enable != FALSE);
+        return S_OK;
+    });
 }
 
 namespace {

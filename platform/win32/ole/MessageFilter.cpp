@@ -17,6 +17,7 @@ namespace {
 struct ThreadState {
     HHOOK hook = nullptr;
     std::vector<CVeyOleControl*> controls;
+    std::vector<HWND> dialogs;  // modeless
     // What the hook showed last and nobody used up: the host may ask for it still.
     std::optional<MSG> shown;
 };
@@ -56,9 +57,12 @@ constexpr bool IsBetween(UINT first, UINT message, UINT last) {
     return message >= first && message <= last;
 }
 
+bool IsKey(UINT message) {
+    return IsBetween(WM_KEYFIRST, message, WM_KEYLAST);
+}
+
 bool IsInput(UINT message) {
-    return IsBetween(WM_KEYFIRST, message, WM_KEYLAST) ||
-           IsBetween(WM_MOUSEFIRST, message, WM_MOUSELAST) ||
+    return IsKey(message) || IsBetween(WM_MOUSEFIRST, message, WM_MOUSELAST) ||
            IsBetween(WM_NCMOUSEMOVE, message, WM_NCXBUTTONDBLCLK) || message == WM_TIMER;
 }
 
@@ -67,9 +71,13 @@ bool IsSame(const MSG& a, const MSG& b) {
            a.lParam == b.lParam && a.time == b.time;
 }
 
+bool Holds(HWND outer, HWND window) {
+    return outer == window || ::IsChild(outer, window);
+}
+
 bool Owns(const CVeyOleControl& control, HWND window) {
     const HWND own = control.Window();
-    return own != nullptr && (own == window || ::IsChild(own, window));
+    return own != nullptr && Holds(own, window);
 }
 
 // An open menu reads the queue itself: its keys and clicks are nobody else's.
@@ -95,9 +103,33 @@ CVeyOleControl* OwnerOf(HWND window) {
     return found == state->controls.end() ? nullptr : *found;
 }
 
+// Null for a window of no dialog.
+HWND DialogOf(HWND window) {
+    const ThreadState* const state = FindState();
+    if (state == nullptr || window == nullptr) {
+        return nullptr;
+    }
+    const auto found = std::ranges::find_if(
+        state->dialogs, [window](HWND dialog) { return Holds(dialog, window); });
+    return found == state->dialogs.end() ? nullptr : *found;
+}
+
+// Gives the dialog its key, which may end it.
+bool GoesToDialog(MSG& message) {
+    const HWND dialog = IsKey(message.message) ? DialogOf(message.hwnd) : nullptr;
+    return dialog != nullptr && ::IsDialogMessageW(dialog, &message);
+}
+
 void OnTaken(MSG& message) {
+    if (IsMenuOpen()) {
+        return;
+    }
+    if (GoesToDialog(message)) {
+        message.message = WM_NULL;
+        return;
+    }
     CVeyOleControl* const control = OwnerOf(message.hwnd);
-    if (control == nullptr || IsMenuOpen()) {
+    if (control == nullptr) {
         return;
     }
     Remember(message);
@@ -141,6 +173,16 @@ void Remove(CVeyOleControl& control) {
         ::UnhookWindowsHookEx(state->hook);
     }
     EraseState();
+}
+
+void AddDialog(HWND dialog) {
+    MakeState().dialogs.push_back(dialog);
+}
+
+void RemoveDialog(HWND dialog) {
+    if (ThreadState* const state = FindState()) {
+        std::erase(state->dialogs, dialog);
+    }
 }
 
 bool Offer(CVeyOleControl& control, MSG& message) {

@@ -21,6 +21,12 @@ void Remove(CVeyOleControl& control);
 // shown already passes, and so does one that is not for the control's windows.
 bool Offer(CVeyOleControl& control, MSG& message);
 
+// A modeless dialog of the thread's controls has no loop of its own to give it its keys: from
+// AddDialog to RemoveDialog, they go to it from whatever loop takes them, and no further. Called on
+// the thread of the controls.
+void AddDialog(HWND dialog);
+void RemoveDialog(HWND dialog);
+
 }  // namespace messagefilter
 
 }  // namespace veygrid

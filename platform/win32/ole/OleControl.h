@@ -135,6 +135,9 @@ class CVeyOleControl : public OleObject {
     // it; true uses it up. It may be readdressed.
     virtual bool PreTranslateMessage(MSG&) { return false; }
 
+    // The container begins or ends a modal state: windows of the control's own take no input in it.
+    virtual void OnEnableModeless(bool) {}
+
     // Opens the property pages: the container's way, the platform's or a frame of our own.
     HRESULT OnProperties(HWND parent);
     virtual std::vector<PredefinedValue> OnGetPredefinedStrings(DISPID) { return {}; }
