@@ -277,6 +277,10 @@ void SheetInput::InvertSelection(Surface& surface) {
     veygrid::InvertSelection(m_control.Sheet().Context(), surface);
 }
 
+void SheetInput::InvertSelectionChange(Surface& surface, const CellRange& formerDragRange) {
+    veygrid::InvertSelectionChange(m_control.Sheet().Context(), surface, formerDragRange);
+}
+
 void SheetInput::DrawSelectionFrame(Surface& surface) {
     veygrid::DrawSelectionFrame(m_control.Sheet().Context(), surface);
 }

@@ -51,6 +51,7 @@ class SheetInput final : public CellEditorHost,
     void RefreshColumnNames() override;
 
     void InvertSelection(Surface& surface) override;
+    void InvertSelectionChange(Surface& surface, const CellRange& formerDragRange) override;
     void DrawSelectionFrame(Surface& surface) override;
 
     bool GuiDesignMode() const override;

@@ -106,9 +106,10 @@ CellRange Selection::ActiveCellRange() const {
     return {m_store.ActiveRow, m_store.ActiveCol, m_store.ActiveRow, m_store.ActiveCol};
 }
 
-bool Selection::IsCellSelected(std::int32_t row, std::int32_t col) const {
+bool Selection::IsCellSelectedWith(const CellRange& dragRange, std::int32_t row,
+                                   std::int32_t col) const {
     // An empty range is no range, though its zeroes would cover row 0.
-    if (!DragRange.IsEmpty() && DragRange.Normalized().Covers(row, col)) {
+    if (!dragRange.IsEmpty() && dragRange.Normalized().Covers(row, col)) {
         return true;
     }
     return std::any_of(SelectionList.begin(), SelectionList.end(),

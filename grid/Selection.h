@@ -67,7 +67,11 @@ class Selection {
     std::int32_t GetSelectionCount() const;
     // The record with the 0-based index, or the active cell when there is none. Always true.
     bool GetSelection(std::int32_t index, CellRange& range) const;
-    bool IsCellSelected(std::int32_t row, std::int32_t col) const;
+    bool IsCellSelected(std::int32_t row, std::int32_t col) const {
+        return IsCellSelectedWith(DragRange, row, col);
+    }
+    // The same if the mouse drew another range.
+    bool IsCellSelectedWith(const CellRange& dragRange, std::int32_t row, std::int32_t col) const;
     CellRange ActiveCellRange() const;
 
     // Ticks the row, or takes its tick away.

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "grid/CellRange.h"
 #include "platform/Geometry.h"
 #include "platform/Surface.h"
 
@@ -37,6 +38,8 @@ class MouseHost {
 
     // Pictures of the sheet. Inverted twice, the selection leaves the picture as it was.
     virtual void InvertSelection(Surface& surface) = 0;
+    // The range that the mouse draws was `formerDragRange` before.
+    virtual void InvertSelectionChange(Surface& surface, const CellRange& formerDragRange) = 0;
     virtual void DrawSelectionFrame(Surface& surface) = 0;
 };
 

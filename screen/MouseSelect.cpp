@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <utility>
 
 #include "platform/InputMessage.h"
 
@@ -117,10 +118,8 @@ void MouseSelect::OpenEditor(CellPos cell) {
 }
 
 void MouseSelect::Redraw(const CellRange& range) {
-    const std::unique_ptr<Surface> surface = m_parts.control.GetDC();
-    m_parts.host.InvertSelection(*surface);
-    m_parts.selection.DragRange = range;
-    m_parts.host.InvertSelection(*surface);
+    const CellRange former = std::exchange(m_parts.selection.DragRange, range);
+    m_parts.host.InvertSelectionChange(*m_parts.control.GetDC(), former);
 }
 
 // A row drag that strays over the cells widens to them, on purpose; a column drag watches columns

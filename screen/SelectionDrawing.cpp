@@ -80,9 +80,9 @@ void MarkActiveRow(const DrawingContext& context, Surface& surface) {
     }
 }
 
-}  // namespace
-
-void InvertSelection(const DrawingContext& context, Surface& surface) {
+// Of the cells on view but for the active one.
+template <class IsInverted>
+void InvertCells(const DrawingContext& context, Surface& surface, IsInverted isInverted) {
     const GridStore& store = context.Store;
     const CellRange range = context.View.VisibleRange(false);
     const ViewLines rows = LinesOnView(store, Axis::Rows, range.Row1, range.Row2);
@@ -94,11 +94,27 @@ void InvertSelection(const DrawingContext& context, Surface& surface) {
             const CellPos cell{rows[r].line, cols[c].line};
             const Rect rect = CellRectOf(rowEdges[r], colEdges[c]);
             if (!rect.IsRectEmpty() && cell != CellPos{store.ActiveRow, store.ActiveCol} &&
-                context.Selected.IsCellSelected(cell.Row, cell.Col)) {
+                isInverted(cell)) {
                 surface.InvertRect(rect);
             }
         }
     }
+}
+
+}  // namespace
+
+void InvertSelection(const DrawingContext& context, Surface& surface) {
+    InvertCells(context, surface, [&selected = context.Selected](CellPos cell) {
+        return selected.IsCellSelected(cell.Row, cell.Col);
+    });
+}
+
+void InvertSelectionChange(const DrawingContext& context, Surface& surface,
+                           const CellRange& formerDragRange) {
+    InvertCells(context, surface, [&](CellPos cell) {
+        return context.Selected.IsCellSelected(cell.Row, cell.Col) !=
+               context.Selected.IsCellSelectedWith(formerDragRange, cell.Row, cell.Col);
+    });
 }
 
 void DrawSelectionFrame(const DrawingContext& context, Surface& surface) {

@@ -8,6 +8,10 @@ namespace veygrid {
 // Inverts the selected cells on view but for the active one, also while the mouse draws a range:
 // called twice it leaves the picture as it was.
 void InvertSelection(const DrawingContext& context, Surface& surface);
+// The same picture as inverting the selection under the former range of the mouse and again under
+// the present one, without touching the cells that would be inverted twice.
+void InvertSelectionChange(const DrawingContext& context, Surface& surface,
+                           const CellRange& formerDragRange);
 
 // The thick frame around the only selected range, or around the active cell where none is selected.
 // Leaves its outer rectangle in the layout for hit testing, empty when there is no frame.

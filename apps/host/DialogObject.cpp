@@ -113,6 +113,10 @@ void DialogObject::SetText(long id, const std::wstring& text) {
     SendMessageW(control, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
     if (ClassNameOf(control) == L"ComboBox") {
         NotifyParent(control, CBN_EDITCHANGE);
+    } else if (ClassNameOf(control) == L"Edit" &&
+               (GetWindowLongW(control, GWL_STYLE) & ES_MULTILINE) != 0) {
+        // Only of what is typed into it does such a field tell by itself.
+        NotifyParent(control, EN_CHANGE);
     }
     m_fiber.Pump(0);
 }

@@ -28,6 +28,11 @@ HostObject::HostObject(HostWindow& window, ScriptFiber& fiber, MessageBoxWatch& 
     AddInputMembers();
     AddPictureMembers();
     AddWindowMembers();
+    AddStoryMembers();
+}
+
+HostObject::~HostObject() {
+    m_boxes.onBox = nullptr;
 }
 
 void HostObject::AddProgramMembers() {
@@ -110,6 +115,15 @@ void HostObject::AddWindowMembers() {
         const ComPtr<IDispatch> control = m_window.AddControl().Grid().Object();
         return Variant::Of(MakeCom<ScriptedControl>(control, m_fiber).Get());
     });
+}
+
+void HostObject::AddStoryMembers() {
+    AddAction(L"Watch", 0, 1, [this](const ScriptArguments& given) {
+        m_window.TheStory().Begin(ControlWindow(), given.Has(0) ? given.Text(0) : L"");
+    });
+    Add(L"Story", 0, 0,
+        [this](const ScriptArguments&) { return ArrayOf(m_window.TheStory().Take()); });
+    m_boxes.onBox = [this](const std::wstring& text) { m_window.TheStory().Add(L"box " + text); };
 }
 
 HWND HostObject::ControlWindow() const {

@@ -14,6 +14,7 @@ namespace veygrid {
 class HostObject : public ScriptObject {
   public:
     HostObject(HostWindow& window, ScriptFiber& fiber, MessageBoxWatch& boxes);
+    ~HostObject() override;
 
     // What Quit was given; 0 before.
     int QuitCode() const { return m_quitCode; }
@@ -23,6 +24,7 @@ class HostObject : public ScriptObject {
     void AddInputMembers();
     void AddPictureMembers();
     void AddWindowMembers();
+    void AddStoryMembers();
 
     HWND ControlWindow() const;
     void BringForward() const;

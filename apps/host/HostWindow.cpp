@@ -226,6 +226,7 @@ void HostWindow::PassFocusOn() {
 
 LRESULT HostWindow::OnControlMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     m_messages.Add(message, wParam, lParam);
+    m_story.AddMessage(L"host", message, wParam, lParam);
     if (message == WM_CLOSE) {
         OnClose();
         return 0;
@@ -350,6 +351,7 @@ void HostWindow::OnEvent(const std::wstring& object, const std::wstring& event,
     // Drawing asks for formats cell by cell; shown here it would hide every other event.
     if (event != L"RequestCellFormat") {
         m_lastEvent = EventText(event, parameters);
+        m_story.Add(m_lastEvent);
         if (!m_isStatusDue && m_window != nullptr) {
             m_isStatusDue = PostMessageW(m_window, MessageRefreshStatus, 0, 0) != FALSE;
         }

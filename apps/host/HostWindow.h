@@ -12,6 +12,7 @@
 #include "apps/host/HostedControl.h"
 #include "apps/host/MessageRecord.h"
 #include "apps/host/StatusLine.h"
+#include "apps/host/Story.h"
 
 namespace veygrid {
 
@@ -43,6 +44,7 @@ class HostWindow {
     // Opens the file and shows its name; tells the user of a failure.
     void OpenFile(const std::wstring& path);
     MessageRecord& Messages() { return m_messages; }
+    Story& TheStory() { return m_story; }
 
     // Where events go besides the status line.
     void SetEventHandler(ObjectEventHandler handler) { m_eventHandler = std::move(handler); }
@@ -89,6 +91,7 @@ class HostWindow {
     ComPtr<HostFrame> m_frame;
     std::vector<std::unique_ptr<HostedControl>> m_controls;
     MessageRecord m_messages;
+    Story m_story;
     ObjectEventHandler m_eventHandler;
     std::wstring m_lastEvent;
     bool m_isScripted = false;

@@ -48,6 +48,8 @@ int RunAlone(HostWindow& window, const CommandLine& line) {
     if (!line.shot.empty()) {
         WritePng(TakePicture(window.Control().Window()), line.shot);
     }
+    // While its boxes are answered: a text that is refused holds on to the focus.
+    window.Destroy();
     return result;
 }
 

@@ -214,8 +214,12 @@ LRESULT CALLBACK MessageBoxWatch::OnBoxMessage(HWND window, UINT message, WPARAM
 
 void MessageBoxWatch::Answer(HWND box) {
     const int answer = ChooseAnswer(box);
-    m_lines.push_back(TextOfWindow(box) + L", " + TextOfWindow(FirstStatic(box, TextIds)) + L", " +
-                      std::to_wstring(StyleOf(box)) + L", " + NameOf(answer));
+    const std::wstring text = TextOfWindow(FirstStatic(box, TextIds));
+    m_lines.push_back(TextOfWindow(box) + L", " + text + L", " + std::to_wstring(StyleOf(box)) +
+                      L", " + NameOf(answer));
+    if (onBox) {
+        onBox(text);
+    }
     PostMessageW(box, WM_COMMAND, MAKEWPARAM(answer, BN_CLICKED),
                  reinterpret_cast<LPARAM>(GetDlgItem(box, answer)));
 }

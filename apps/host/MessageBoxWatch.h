@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <deque>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -25,6 +26,9 @@ class MessageBoxWatch {
     // "caption, text, style, answer" of each box since the last call. The style is the number that
     // the box was asked for with, as far as its buttons, its icon and its default button tell.
     std::vector<std::wstring> Take() { return std::exchange(m_lines, {}); }
+
+    // Told of each box, by its text, as it is answered.
+    std::function<void(const std::wstring&)> onBox;
 
   private:
     static LRESULT CALLBACK OnHook(int code, WPARAM wParam, LPARAM lParam);

@@ -6,17 +6,13 @@
 
 #include <cstdlib>
 
-#include "bench/Ratio.h"
-#include "control/ClassIds.h"
+#include "bench/win32/SheetWindow.h"
 #include "control/DispatchDataset.h"
 #include "platform/win32/GdiFonts.h"
-#include "tests/control/Container.h"
 
 namespace veygrid::bench {
 namespace {
 
-constexpr int Width = 1600;
-constexpr int Height = 1000;
 constexpr int Rows = 1'000'000;
 constexpr int Cols = 25;
 // More than fit into the window.
@@ -35,83 +31,39 @@ std::wstring TextOf(int row, int col) {
     }
 }
 
-// Until everything drawn is on the screen.
-void Flush() {
-    ::GdiFlush();
-}
-
-// What is hidden costs nothing to paint.
-void RequireWholeOnScreen(HWND window) {
-    RECT client{};
-    RECT seen{};
-    ::GetClientRect(window, &client);
-    const HDC target = ::GetDC(window);
-    const int kind = ::GetClipBox(target, &seen);
-    ::ReleaseDC(window, target);
-    if (kind != SIMPLEREGION || !::EqualRect(&seen, &client)) {
-        std::printf(
-            "the screen is too small for two windows of 1600 by 1000, one below the other\n");
-        std::exit(1);
-    }
-}
-
-void FullRepaint(HWND window) {
-    ::InvalidateRect(window, nullptr, TRUE);
-    ::UpdateWindow(window);
-    Flush();
-}
-
 class Sheet {
   public:
-    Sheet() {
-        ::SetWindowPos(m_container.Window(), nullptr, 0, 0, Width, Height,
-                       SWP_NOZORDER | SWP_NOACTIVATE);
-        m_grid.Put(L"MaxRow", {Rows + RowsOfAView});
-        m_grid.Put(L"MaxCol", {Cols});
-        m_container.Show(m_control);
-        m_window = Container::WindowOf(m_control);
-        ::SetWindowPos(m_window, nullptr, 0, 0, Width, Height, SWP_NOZORDER | SWP_NOACTIVATE);
-        ::UpdateWindow(m_window);
-        RequireWholeOnScreen(m_window);
-    }
     // Fills the rows that a view beginning at `row` shows, and goes there.
     void FillAndShow(int row) {
         for (int r = row; r < row + RowsOfAView; ++r) {
             for (int col = 1; col <= Cols; ++col) {
-                m_grid.Put(L"CellText", {r, col, TextOf(r, col).c_str()});
+                Grid().Put(L"CellText", {r, col, TextOf(r, col).c_str()});
             }
         }
         Show(row);
     }
     void Show(int row) {
-        m_grid.Call(L"MakeCellVisible", {row, 1});
-        ::UpdateWindow(m_window);
+        Grid().Call(L"MakeCellVisible", {row, 1});
+        ::UpdateWindow(Window());
         Flush();
     }
     void Scroll(WORD request) {
-        ::SendMessageW(m_window, WM_VSCROLL, request, 0);
-        ::UpdateWindow(m_window);
+        ::SendMessageW(Window(), WM_VSCROLL, request, 0);
+        ::UpdateWindow(Window());
         Flush();
     }
     // A key as the input queue brings it, up to the finished paint.
     void Press(WPARAM key) {
         constexpr LPARAM OncePressed = 1;
-        ::PostMessageW(m_window, WM_KEYDOWN, key, OncePressed);
-        MSG message;
-        while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            ::TranslateMessage(&message);
-            ::DispatchMessageW(&message);
-        }
+        ::PostMessageW(Window(), WM_KEYDOWN, key, OncePressed);
+        Pump();
         Flush();
     }
-    const Late& Grid() const { return m_grid; }
-    HWND Window() const { return m_window; }
+    const Late& Grid() const { return m_window.Grid(); }
+    HWND Window() const { return m_window.Window(); }
 
   private:
-    Container m_container;
-    ComPtr<IUnknown> m_control = Ocx::Make(VeyGridClassId);
-    Late m_grid{m_control};
-    HWND m_window = nullptr;
+    SheetWindow m_window{Rows + RowsOfAView, Cols};
 };
 
 // The list's own window and its parent, which answers for the texts.
@@ -120,8 +72,7 @@ class List {
     explicit List(HFONT font) {
         const INITCOMMONCONTROLSEX wanted{sizeof wanted, ICC_LISTVIEW_CLASSES};
         ::InitCommonControlsEx(&wanted);
-        m_parent = ::CreateWindowExW(WS_EX_TOOLWINDOW, L"STATIC", L"peer", WS_POPUP | WS_VISIBLE, 0,
-                                     Height, Width, Height, nullptr, nullptr, nullptr, nullptr);
+        m_parent = MakePeerWindow();
         s_before = reinterpret_cast<WNDPROC>(
             ::SetWindowLongPtrW(m_parent, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Answer)));
         m_window = ::CreateWindowExW(0, WC_LISTVIEWW, L"",
@@ -184,15 +135,6 @@ class List {
     HWND m_parent = nullptr;
     HWND m_window = nullptr;
 };
-
-double Repaints(HWND window, int count) {
-    return Seconds([&] {
-               for (int i = 0; i < count; ++i) {
-                   FullRepaint(window);
-               }
-           }) /
-           count;
-}
 
 void AgainstTheList(Sheet& sheet, List& list) {
     sheet.FillAndShow(1);

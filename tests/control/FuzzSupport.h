@@ -144,7 +144,8 @@ inline std::wstring RandomText(Random& random) {
 }
 
 inline int RandomNumber(Random& random) {
-    static constexpr int small[] = {0, -1, 1, 2, 3, 5, 17, 50, 255, 1004, 1008, 1009, 1011, 1019};
+    static constexpr int small[] = {0,   -1,   1,    2,    3,    5,    17,   50,
+                                    255, 1004, 1008, 1009, 1011, 1019, 1021, 42320};
     static constexpr int huge[] = {32767, 32768, 65535,      -32769,      42303,
                                    42310, 65536, 2147483647, -2147483647, -2147483647 - 1};
     if (random.OneIn(3)) {

@@ -17,6 +17,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 using testing::SizeIs;
+using testing::UnorderedElementsAreArray;
 
 using DrawingRules = DrawingTest;
 
@@ -649,6 +650,31 @@ TEST_F(DrawingAgainstLayout, InversionCoversTheSelectedCellsOnView) {
             }
         }
         ASSERT_EQ(LinesThatBegin(surface.Dump(), "InvertRect"), expected);
+    }
+}
+
+TEST_F(DrawingAgainstLayout, TheChangeOfADragInvertsWhatInvertingTwiceLeavesInverted) {
+    const auto range = [this] {
+        return CellRange{Number(0, 30), Number(0, 8), Number(0, 30), Number(0, 8)};
+    };
+    for (int round = 0; round < 500; ++round) {
+        MakeSheet();
+        Draw();
+        const CellRange former = selection.DragRange = range();
+        RecordingSurface twice;
+        InvertSelection(context, twice);
+        selection.DragRange = range();
+        InvertSelection(context, twice);
+        RecordingSurface once;
+        InvertSelectionChange(context, once, former);
+        const Lines inverted = LinesThatBegin(twice.Dump(), "InvertRect");
+        Lines left;
+        for (const std::string& line : inverted) {
+            if (std::count(inverted.begin(), inverted.end(), line) == 1) {
+                left.push_back(line);
+            }
+        }
+        ASSERT_THAT(LinesThatBegin(once.Dump(), "InvertRect"), UnorderedElementsAreArray(left));
     }
 }
 

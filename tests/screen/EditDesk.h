@@ -263,7 +263,14 @@ class EditDesk : public SheetRecorder,
             onInvertSelection();
         }
     }
+    void InvertSelectionChange(Surface&, const CellRange& formerDragRange) override {
+        Tell("InvertSelectionChange");
+        if (onInvertSelectionChange) {
+            onInvertSelectionChange(formerDragRange);
+        }
+    }
     std::function<void()> onInvertSelection;
+    std::function<void(const CellRange&)> onInvertSelectionChange;
     void DrawSelectionFrame(Surface&) override { Tell("DrawSelectionFrame"); }
 
     // The form layer.

@@ -14,6 +14,12 @@ class Picture {
   public:
     explicit Picture(EditedSheet& sheet) : m_sheet(sheet) {
         m_sheet.desk.onInvertSelection = [this] { InvertSelection(); };
+        m_sheet.desk.onInvertSelectionChange = [this](const CellRange& former) {
+            InvertSelection();
+            const CellRange dragged = std::exchange(m_sheet.selection.DragRange, former);
+            InvertSelection();
+            m_sheet.selection.DragRange = dragged;
+        };
     }
 
     // The window is painted where it was invalidated.
