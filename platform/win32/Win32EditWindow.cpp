@@ -112,6 +112,7 @@ LRESULT Win32EditWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             break;
         // Posted, as the system would have it, the character might come after the commit.
         case WM_IME_CHAR:
+            m_hasResult = true;
             return Default(WM_CHAR, wParam, lParam);
         case WM_IME_ENDCOMPOSITION: {
             const LRESULT result = Default(message, wParam, lParam);
@@ -166,8 +167,8 @@ void Win32EditWindow::FinishComposition() {
     m_isComposing = false;
 }
 
-// As if the composition had never been. Its text may still come after its end, and then goes where it
-// would have gone.
+// As if the composition had never been. Its text may still come after its end, and then goes where
+// it would have gone.
 void Win32EditWindow::Restore() {
     if (WideText() != m_before.text) {
         ::SetWindowTextW(m_window, m_before.text.c_str());

@@ -695,7 +695,8 @@ TEST_F(KeyboardMachineTest, ALeadByteAndItsTrailByteOneByOneBothReachTheEditor) 
     }
 }
 
-TEST_F(KeyboardMachineTest, ACompositionThatStartsOnTheSheetOpensAnEditAndItsFirstCharacterReplacesTheText) {
+TEST_F(KeyboardMachineTest,
+       ACompositionThatStartsOnTheSheetOpensAnEditAndItsFirstCharacterReplacesTheText) {
     store.SetCellText(1, 1, "old");
     EXPECT_EQ(Pass({.number = WmImeStartComposition}), MessageRoad::ToEditor);
     EXPECT_TRUE(editor.InEdit());
