@@ -31,6 +31,8 @@ class EditWindow {
     virtual void SetWindowText(std::string_view text) = 0;
     // Nothing when the text holds a character that code page 936 lacks.
     virtual std::optional<std::string> GetWindowText() const = 0;
+    // Makes text of a composition that an input method has open here.
+    virtual void FinishComposition() = 0;
     // Whether the user changed the text since it was set.
     virtual bool GetModify() const = 0;
 

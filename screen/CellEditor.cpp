@@ -100,6 +100,7 @@ std::int16_t CellEditor::EndEdit() {
 bool CellEditor::Commit() {
     // Held over the closing too, which takes the focus from the editor.
     const FlagGuard committing(m_isCommitting);
+    m_wndEdit.FinishComposition();
     if (m_wndEdit.GetModify() && !AcceptText()) {
         return false;
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <string_view>
 
 #include "grid/GridStore.h"
@@ -53,6 +54,9 @@ class CellEditor {
     bool InEdit() const { return m_wndEdit.HasWindow(); }
     // The next key replaces the text.
     void EmptyText() { m_wndEdit.SetWindowText({}); }
+    // So does a composition, but what it replaces is there again when the user gives it up. Its
+    // window stands at the caret: before the first character, where a long text is not scrolled.
+    void SelectText() { m_wndEdit.SetSel(std::numeric_limits<std::int32_t>::max(), 0); }
     // Puts the caret to the character at a point, in client pixels of the control.
     void PlaceCaret(Point point);
 

@@ -65,8 +65,9 @@ MessageRoad KeyboardMachine::OnSheetMessage(const KeyboardMessage& message) {
         case WmImeChar:
             return OnSheetText(message);
         case WmImeStartComposition:
-            return message.target == MessageTarget::Control && OpenOnKey() ? MessageRoad::ToEditor
-                                                                           : MessageRoad::GoOn;
+            return message.target == MessageTarget::Control && OpenOnComposition()
+                       ? MessageRoad::ToEditor
+                       : MessageRoad::GoOn;
         // Of a composition that began on the sheet.
         case WmImeComposition:
         case WmImeEndComposition:
@@ -120,18 +121,27 @@ MessageRoad KeyboardMachine::OnSheetText(const KeyboardMessage& message) {
 
 // True when an edit is open afterwards; a fresh one is empty, for the key replaces the text.
 bool KeyboardMachine::OpenOnKey() {
-    if (m_editor.InEdit()) {
-        return true;
+    if (OpenFresh()) {
+        m_editor.EmptyText();
     }
-    if (!m_store.Properties.AllowEdit) {
+    return m_editor.InEdit();
+}
+
+// A composition may yet be given up, so the text of a fresh edit only makes room for its result.
+bool KeyboardMachine::OpenOnComposition() {
+    if (OpenFresh()) {
+        m_editor.SelectText();
+    }
+    return m_editor.InEdit();
+}
+
+// True when there was no edit and now there is one.
+bool KeyboardMachine::OpenFresh() {
+    if (m_editor.InEdit() || !m_store.Properties.AllowEdit) {
         return false;
     }
     m_editor.StartEdit();
-    if (!m_editor.InEdit()) {
-        return false;
-    }
-    m_editor.EmptyText();
-    return true;
+    return m_editor.InEdit();
 }
 
 // Works on the first selected range alone.

@@ -65,6 +65,8 @@ class KeyboardMachine {
     MessageRoad PostKey(std::uint32_t key, std::int32_t keyData);
     bool IsForEditor(std::uint32_t key);
     bool OpenOnKey();
+    bool OpenOnComposition();
+    bool OpenFresh();
     void OnDelete();
 
     std::optional<CellPos> TargetOf(CellMovement movement) const;

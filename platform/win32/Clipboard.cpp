@@ -30,7 +30,7 @@ class OpenedClipboard {
 
 // A movable block with the bytes; the clipboard takes it over when it accepts it.
 bool Hand(UINT format, const void* bytes, std::size_t size) {
-    const HGLOBAL block = ::GlobalAlloc(GMEM_MOVEABLE, size);
+    const HGLOBAL block = ::GlobalAlloc(GMEM_MOVEABLE | GMEM_DDESHARE, size);
     void* const target = block == nullptr ? nullptr : ::GlobalLock(block);
     if (target != nullptr) {
         std::memcpy(target, bytes, size);

@@ -102,13 +102,25 @@ LRESULT Win32EditWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             }
             break;
         case WM_IME_STARTCOMPOSITION:
-            m_isComposing = true;
-            PlaceComposition();
+            BeginComposition();
             break;
-        case WM_IME_ENDCOMPOSITION:
-        case WM_KILLFOCUS:
-            m_isComposing = false;
+        case WM_IME_COMPOSITION:
+            if (IsStray(lParam)) {
+                return 0;
+            }
+            m_hasResult = m_hasResult || (lParam & GCS_RESULTSTR) != 0;
             break;
+        // Posted, as the system would have it, the character might come after the commit.
+        case WM_IME_CHAR:
+            m_hasResult = true;
+            return Default(WM_CHAR, wParam, lParam);
+        case WM_IME_ENDCOMPOSITION: {
+            const LRESULT result = Default(message, wParam, lParam);
+            if (std::exchange(m_isComposing, false) && !m_hasResult) {
+                Restore();
+            }
+            return result;
+        }
         default:
             break;
     }
@@ -125,6 +137,44 @@ bool Win32EditWindow::OnTab(UINT message, WPARAM wParam) {
         Default(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L"\t"));
     }
     return true;
+}
+
+void Win32EditWindow::BeginComposition() {
+    m_isComposing = true;
+    m_hasResult = false;
+    m_before = {.text = WideText(), .isModified = GetModify()};
+    ::SendMessageW(m_window, EM_GETSEL, reinterpret_cast<WPARAM>(&m_before.start),
+                   reinterpret_cast<LPARAM>(&m_before.end));
+    PlaceComposition();
+}
+
+// Some input methods clear a composition once more when it is over. The system's window would put
+// the caret back to where it began.
+bool Win32EditWindow::IsStray(LPARAM parts) const {
+    return !m_isComposing && (parts & GCS_RESULTSTR) == 0;
+}
+
+// What the user sees of it becomes text; the input method begins anew.
+void Win32EditWindow::FinishComposition() {
+    if (!m_isComposing) {
+        return;
+    }
+    const InputContext context(m_window);
+    if (context.Get() != nullptr) {
+        ::ImmNotifyIME(context.Get(), NI_COMPOSITIONSTR, CPS_COMPLETE, 0);
+        ::ImmNotifyIME(context.Get(), NI_COMPOSITIONSTR, CPS_CANCEL, 0);
+    }
+    m_isComposing = false;
+}
+
+// As if the composition had never been. Its text may still come after its end, and then goes where
+// it would have gone.
+void Win32EditWindow::Restore() {
+    if (WideText() != m_before.text) {
+        ::SetWindowTextW(m_window, m_before.text.c_str());
+    }
+    ::SendMessageW(m_window, EM_SETSEL, m_before.start, static_cast<LPARAM>(m_before.end));
+    ::SendMessageW(m_window, EM_SETMODIFY, m_before.isModified ? TRUE : FALSE, 0);
 }
 
 // Where the caret is, also when the composition began before the window was there.
@@ -145,11 +195,15 @@ void Win32EditWindow::SetWindowText(std::string_view text) {
     ::SetWindowTextW(m_window, Widened(text).c_str());
 }
 
-std::optional<std::string> Win32EditWindow::GetWindowText() const {
+std::wstring Win32EditWindow::WideText() const {
     std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(m_window)) + 1, L'\0');
     const int length = ::GetWindowTextW(m_window, text.data(), static_cast<int>(text.size()));
     text.resize(static_cast<std::size_t>(length));
-    return Narrowed(text);
+    return text;
+}
+
+std::optional<std::string> Win32EditWindow::GetWindowText() const {
+    return Narrowed(WideText());
 }
 
 bool Win32EditWindow::GetModify() const {

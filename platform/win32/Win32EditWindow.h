@@ -28,6 +28,7 @@ class Win32EditWindow final : public EditWindow {
     void SetFocus() override;
     void SetWindowText(std::string_view text) override;
     std::optional<std::string> GetWindowText() const override;
+    void FinishComposition() override;
     bool GetModify() const override;
     std::int32_t CharFromPos(Point point) const override;
     void SetSel(std::int32_t start, std::int32_t end) override;
@@ -35,16 +36,30 @@ class Win32EditWindow final : public EditWindow {
     void Close() override;
 
   private:
+    // What a composition that is given up leaves behind.
+    struct Contents {
+        std::wstring text;
+        DWORD start = 0;
+        DWORD end = 0;
+        bool isModified = false;
+    };
+
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam) const;
     bool OnTab(UINT message, WPARAM wParam);
+    std::wstring WideText() const;
+    void BeginComposition();
+    bool IsStray(LPARAM parts) const;
+    void Restore();
     void PlaceComposition() const;
 
     HWND m_parent = nullptr;
     HWND m_window = nullptr;
     WNDPROC m_former = nullptr;
     bool m_isComposing = false;
+    bool m_hasResult = false;
+    Contents m_before;
 };
 
 }  // namespace veygrid

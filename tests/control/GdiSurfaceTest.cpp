@@ -5,6 +5,7 @@
 
 #include <limits>
 
+#include "tests/control/Handles.h"
 #include "tests/control/Pixels.h"
 #include "valuetext/CodePage936.h"
 
@@ -191,7 +192,7 @@ LogFont CellFont(int height) {
 }
 
 TEST_F(GdiSurfaceTest, ManyFontsOfCellsStayWithinTheBoundAndAreGivenBack) {
-    const DWORD before = GdiObjects();
+    const int before = Handles::GdiObjects();
     {
         GdiFonts many;
         GdiSurface surface(canvas.Dc(), font.Get(), many);
@@ -204,9 +205,9 @@ TEST_F(GdiSurfaceTest, ManyFontsOfCellsStayWithinTheBoundAndAreGivenBack) {
                 EXPECT_LE(measured.Height(), height * 2 + 3);
             }
         }
-        EXPECT_LE(GdiObjects(), before + GdiFonts::MostFonts + 2);
+        EXPECT_LE(Handles::GdiObjects(), before + static_cast<int>(GdiFonts::MostFonts) + 2);
     }
-    EXPECT_EQ(GdiObjects(), before);
+    EXPECT_EQ(Handles::GdiObjects(), before);
 }
 
 TEST_F(GdiSurfaceTest, AFontIsMadeOnceForEachRecord) {

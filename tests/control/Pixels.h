@@ -63,11 +63,4 @@ class Canvas {
     const std::uint32_t* m_bits;
 };
 
-inline DWORD GdiObjects() {
-    return ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS);
-}
-inline DWORD UserObjects() {
-    return ::GetGuiResources(::GetCurrentProcess(), GR_USEROBJECTS);
-}
-
 }  // namespace veygrid

@@ -7,6 +7,7 @@
 #include "control/ClassIds.h"
 #include "grid/CellPos.h"
 #include "tests/control/Container.h"
+#include "tests/control/Handles.h"
 #include "tests/control/Pixels.h"
 #include "valuetext/CodePage936.h"
 
@@ -215,15 +216,13 @@ TEST_F(SheetTest, AHundredThousandCellsPaintedLeaveNoHandle) {
     Late(format).Put(L"HAlign", {4});
     grid.Invoke(grid.IdOf(L"CellFormat"), DISPATCH_PROPERTYPUTREF, {1, 1, Late(format).Object()});
     Repainted();
-    const DWORD gdi = GdiObjects();
-    const DWORD user = UserObjects();
+    const Handles before;
     constexpr int CellsOnView = 10 * 5;
     for (int i = 0; i < 100'000 / CellsOnView; ++i) {
         ::InvalidateRect(window, nullptr, TRUE);
         ::UpdateWindow(window);
     }
-    EXPECT_EQ(GdiObjects(), gdi);
-    EXPECT_EQ(UserObjects(), user);
+    EXPECT_EQ(Handles(), before);
 }
 
 // --- Events of painting

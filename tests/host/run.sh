@@ -63,6 +63,20 @@ report() {
     printf 'FAILED  %s\n' "$1"
     printf '        %s\n' "${problems[@]}"
     sed 's/^/        | /' "$work/stdout" "$work/stderr"
+    [ ! -s "$work/outside.errors" ] || sed 's/^/        | outside: /' "$work/outside.errors"
+}
+
+# What scripts ask for with Outside: each request is a command line for this side of Wine, run in the
+# work folder. The marker comes last on both sides, so that nothing is read half written.
+serve_outside() {
+    while true; do
+        if [ -e "$work/outside.go" ]; then
+            rm "$work/outside.go"
+            (cd "$work" && bash outside.request >outside.answer 2>>outside.errors </dev/null)
+            : >"$work/outside.done"
+        fi
+        sleep 0.02
+    done
 }
 
 # start ARGUMENT...: runs the host in the work folder; its streams go to files there.
@@ -91,6 +105,7 @@ run_test() {
     local -a problems=() arguments=()
     read -ra arguments < <(expectations args "$file"; echo)
     hand_over "$file"
+    rm -f "$work"/outside.*
     start "${arguments[@]}" /script "$name" || code=$?
     tr -d '\r' <"$work/stdout" >"$work/stdout.plain" && mv "$work/stdout.plain" "$work/stdout"
     judge "$file" "$code"
@@ -141,6 +156,9 @@ rm -rf "$work"
 mkdir -p "$work"
 prepare_wine
 check_code_page
+serve_outside &
+outside=$!
+trap 'kill $outside' EXIT
 shopt -s nullglob
 if [ $# -gt 0 ]; then
     files=("${@/#/$here/}")

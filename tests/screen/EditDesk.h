@@ -331,9 +331,16 @@ class DeskEdit final : public EditWindow {
         m_desk.Tell("SetWindowText " + Utf8FromCodePage936(text));
         m_text = text;
         m_isModified = false;
+        m_isSelected = false;
     }
     std::optional<std::string> GetWindowText() const override {
         return holdsForeign ? std::nullopt : std::optional(m_text);
+    }
+    void FinishComposition() override {
+        if (!composition.empty()) {
+            m_desk.Tell("FinishComposition");
+            Type(std::exchange(composition, {}));
+        }
     }
     bool GetModify() const override { return m_isModified; }
     std::int32_t CharFromPos(Point point) const override {
@@ -342,6 +349,7 @@ class DeskEdit final : public EditWindow {
     }
     void SetSel(std::int32_t start, std::int32_t end) override {
         m_desk.Tell("SetSel " + std::to_string(start) + "," + std::to_string(end));
+        m_isSelected = start != end;
     }
     void ScrollCaret() override { m_desk.Tell("ScrollCaret"); }
     // The window loses the focus while it still exists.
@@ -354,6 +362,9 @@ class DeskEdit final : public EditWindow {
     }
 
     void Type(std::string_view text) {
+        if (std::exchange(m_isSelected, false)) {
+            m_text.clear();
+        }
         m_text += text;
         m_isModified = true;
     }
@@ -361,12 +372,15 @@ class DeskEdit final : public EditWindow {
 
     bool makesWindow = true;
     bool holdsForeign = false;
+    // What an input method has not made text yet.
+    std::string composition;
     std::int32_t charFromPos = 0;
 
   private:
     EditDesk& m_desk;
     std::string m_text;
     bool m_isModified = false;
+    bool m_isSelected = false;  // all of it
 };
 
 // What the drawing of the selection asks: nothing but plain colours.

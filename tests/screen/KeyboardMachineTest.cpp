@@ -695,11 +695,12 @@ TEST_F(KeyboardMachineTest, ALeadByteAndItsTrailByteOneByOneBothReachTheEditor) 
     }
 }
 
-TEST_F(KeyboardMachineTest, ACompositionThatStartsOnTheSheetOpensAnEmptyEditAndGoesOnInIt) {
+TEST_F(KeyboardMachineTest,
+       ACompositionThatStartsOnTheSheetOpensAnEditAndItsFirstCharacterReplacesTheText) {
     store.SetCellText(1, 1, "old");
     EXPECT_EQ(Pass({.number = WmImeStartComposition}), MessageRoad::ToEditor);
     EXPECT_TRUE(editor.InEdit());
-    EXPECT_EQ(edit.Content(), "");
+    EXPECT_EQ(edit.Content(), "old");
     EXPECT_EQ(Pass({.number = WmImeComposition}), MessageRoad::ToEditor);
     // The first character and those behind it.
     EXPECT_EQ(Pass({.number = WmImeChar, .text = "\xD6\xD0"}), MessageRoad::ToEditor);
@@ -714,8 +715,17 @@ TEST_F(KeyboardMachineTest, AnAbandonedCompositionLeavesTheCellAsItWas) {
     store.SetCellText(1, 1, "old");
     EXPECT_EQ(Pass({.number = WmImeStartComposition}), MessageRoad::ToEditor);
     EXPECT_EQ(Pass({.number = WmImeEndComposition}), MessageRoad::ToEditor);
+    EXPECT_EQ(edit.Content(), "old");
     EXPECT_EQ(KeyStroke(VkReturn), 1);
     EXPECT_EQ(store.CellText(1, 1), "old");
+}
+
+TEST_F(KeyboardMachineTest, ACommitTakesAnOpenCompositionAlong) {
+    ASSERT_EQ(editor.StartEdit(), 1);
+    edit.Type("a");
+    edit.composition = "ni";
+    EXPECT_EQ(editor.EndEdit(), 1);
+    EXPECT_EQ(store.CellText(1, 1), "ani");
 }
 
 TEST_F(KeyboardMachineTest, ACompositionThatIsRefusedGoesOnAsItWas) {
