@@ -46,7 +46,7 @@ void SheetView::Draw(HDC target, const RECT& bounds, const RECT& invalid) {
         PaintWindow(target, bounds, invalid);
         return;
     }
-    const LayoutState ofWindow = m_layout;
+    const LayoutState ofWindow = static_cast<const LayoutState&>(m_layout);
     Paint(target, bounds, invalid);
     static_cast<LayoutState&>(m_layout) = ofWindow;
 }
