@@ -1,6 +1,8 @@
 // The automation object of a cell format: a record of its own, or the control's default one.
 #include "control/CellFormatObject.h"
 
+#include <utility>
+
 #include "control/AutomationTable.h"
 
 namespace veygrid {
@@ -12,8 +14,8 @@ constexpr GUID RecordAccessId{
 
 }  // namespace
 
-CellFormatObject::CellFormatObject(IUnknown* outer, const CCellFormat& format)
-    : OleObject(outer), m_own(format), m_automation(*this, CellFormatAutomation, this) {}
+CellFormatObject::CellFormatObject(IUnknown* outer, CCellFormat format)
+    : OleObject(outer), m_own(std::move(format)), m_automation(*this, CellFormatAutomation, this) {}
 
 IUnknown* CellFormatObject::Make(IUnknown* outer) {
     return (new CellFormatObject(outer))->Inner();

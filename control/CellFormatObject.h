@@ -9,7 +9,7 @@ namespace veygrid {
 class CellFormatObject final : public OleObject {
   public:
     // A record of its own, which starts as `format`.
-    explicit CellFormatObject(IUnknown* outer, const CCellFormat& format = {});
+    explicit CellFormatObject(IUnknown* outer, CCellFormat format = {});
 
     // Class object's maker.
     static IUnknown* Make(IUnknown* outer);

@@ -18,6 +18,7 @@ namespace {
 constexpr WPARAM DraggedItem = 32769;
 
 // Of all controls of the process.
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 AutoScrollTicks g_ticksAutoScroll;
 
 Point PointOf(LPARAM position) {

@@ -7,7 +7,7 @@ Function Fields()
     Fields = frame.GetText(PathField) & "|" & frame.GetText(SqlField)
 End Function
 Function Stored()
-    Stored = Grid.BkImage & "|" & Grid.DataSource & "|" & Grid.AllowEdit & "|" & Grid.RowMode
+    Stored = Grid.BkImage & "|" & Grid.DataSource & "|" & CInt(Grid.AllowEdit) & "|" & CInt(Grid.RowMode)
 End Function
 Sub Open(item)
     Grid.SendCommand item
@@ -26,18 +26,18 @@ Check "the fields hold the stored texts", Fields(), "没有的图象 |~.bmp|SELE
 frame.Choose ModeField, 1
 frame.Choose EditField, 0
 frame.Press ApplyButton
-Check "Apply stores", Stored(), "没有的图象 |~.bmp|SELECT 编号, 摘要 FROM 凭证|False|True"
+Check "Apply stores", Stored(), "没有的图象 |~.bmp|SELECT 编号, 摘要 FROM 凭证|0|-1"
 Check "and leaves the frame open", Opened("VeyGrid Control|Grid") Is Nothing, False
 frame.Choose EditField, 1
 Leave 2
-Check "Cancel keeps what was applied and drops the rest", Grid.AllowEdit & Grid.RowMode, "FalseTrue"
+Check "Cancel keeps what was applied and drops the rest", CInt(Grid.AllowEdit) & CInt(Grid.RowMode), "0-1"
 
 ' By the number of the menu itself.
 Open 42320
 frame.SetText PathField, "图.bmp"
 frame.SetText SqlField, "SELECT 金额 FROM 凭证"
 Leave 1
-Check "OK stores texts", Stored(), "图.bmp|SELECT 金额 FROM 凭证|False|True"
+Check "OK stores texts", Stored(), "图.bmp|SELECT 金额 FROM 凭证|0|-1"
 Check "and the statement is parsed", Grid.ColName(1), "金额"
 
 Open 1021
