@@ -4,6 +4,7 @@
 #include <commctrl.h>
 
 #include <exception>
+#include <optional>
 
 #include "apps/host/CommandLine.h"
 #include "apps/host/Console.h"
@@ -34,9 +35,8 @@ bool IsForUser(const CommandLine& line) {
     return line.script.empty() && line.shot.empty();
 }
 
-// Without a user: the boxes that come up are answered, and what follows is on the streams.
-int RunAlone(HostWindow& window, const CommandLine& line) {
-    MessageBoxWatch boxes;
+// Without a user: what follows is on the streams.
+int RunAlone(HostWindow& window, MessageBoxWatch& boxes, const CommandLine& line) {
     if (!line.file.empty() && !window.File().Open(window.Control().Grid(), line.file)) {
         WriteErrorLine(L"VeyHost: cannot open " + line.file);
         return ExitTrouble;
@@ -65,13 +65,18 @@ int RunHost(const CommandLine& line) {
     const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_BAR_CLASSES};
     InitCommonControlsEx(&controls);
     const ControlModule module;
+    // Without a user the boxes that come up are answered, also those of a window that closes.
+    std::optional<MessageBoxWatch> boxes;
+    if (!IsForUser(line)) {
+        boxes.emplace();
+    }
     HostWindow window(module, line.locale);
     if (!line.script.empty()) {
         window.SetScripted();
     }
     window.Create(line.size);
     window.Show();
-    return IsForUser(line) ? RunForUser(window, line) : RunAlone(window, line);
+    return boxes ? RunAlone(window, *boxes, line) : RunForUser(window, line);
 }
 
 void TellFault(const CommandLine& line, const std::wstring& text) {

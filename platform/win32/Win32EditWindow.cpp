@@ -121,6 +121,10 @@ LRESULT Win32EditWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             }
             return result;
         }
+        // Also where no commit follows.
+        case WM_KILLFOCUS:
+            FinishComposition();
+            break;
         default:
             break;
     }

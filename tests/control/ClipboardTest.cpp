@@ -57,6 +57,7 @@ class OtherProcess {
                             L"--gtest_filter=ClipboardOfAnotherProcess.DISABLED_" + test;
         STARTUPINFOW start{};
         start.cb = sizeof start;
+        start.dwFlags = STARTF_USESTDHANDLES;  // none: what it prints is not a result of this run
         EXPECT_TRUE(::CreateProcessW(path.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr,
                                      nullptr, &start, &m_process));
         const HANDLE either[] = {m_held, m_process.hProcess};

@@ -20,7 +20,7 @@ Sub OpenNotepad(file)
 End Sub
 Sub CloseNotepad()
     Dim turn
-    Keys "alt+F4"
+    UserKeys "alt+F4"
     For turn = 1 To 600
         If Not IsNotepadUp() Then Exit For
         Host.Pump 100
@@ -40,7 +40,7 @@ Host.Release MiddleX(2), 50
 Grid.EditCopy
 Outside "printf '\357\273\277' >pasted.txt"
 OpenNotepad "pasted.txt"
-Keys "ctrl+v ctrl+s"
+UserKeys "ctrl+v ctrl+s"
 wanted = "A" & vbTab & "B" & vbCrLf & "凭证 ~龘" & vbTab & "{丙}" & vbCrLf & "乗|" & vbTab
 For turn = 1 To 600
     If Host.File("pasted.txt").Text = wanted Then Exit For
@@ -51,7 +51,7 @@ CloseNotepad
 
 Outside "printf '\357\273\277甲\t乙 龘\r\n丁\t~{}\r\n' >copied.txt"
 OpenNotepad "copied.txt"
-Keys "ctrl+a ctrl+c"
+UserKeys "ctrl+a ctrl+c"
 Grid.SetActiveCell 4, 1
 For turn = 1 To 600
     Grid.EditPaste

@@ -13,7 +13,7 @@ showsInCell = InStr(Outside("printf ""$VEYHOST_STYLE"""), "onthespot") = 1
 Grid.EnterGoDown = True
 Host.Click MiddleX(3), 20 + 5 * 18 - 9
 Check "an empty cell", IsPlain(5, 3), True
-Letters "nihao"
+UserLetters "nihao"
 If showsInCell Then
     For turn = 1 To 600
         If Not IsPlain(5, 3) Then Exit For
@@ -22,7 +22,7 @@ If showsInCell Then
     Check "letters", IsPlain(5, 3), False
     Check "in no cell beside it", IsPlain(5, 2) And IsPlain(5, 4) And IsPlain(4, 3) And IsPlain(6, 3), True
 End If
-Keys "space Return"
+UserKeys "space Return"
 CheckActiveSoon "committed", "6,3"
 Check "the text", Grid.CellText(5, 3), "你好"
 Host.Log "end"

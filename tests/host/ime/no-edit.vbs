@@ -19,19 +19,19 @@ locked.ReadOnly = True
 Grid.CellFormat(4, 2) = locked
 Grid.AllowEdit = False
 Host.Click MiddleX(2), MiddleY(2)
-Letters "nihao"
-Keys "space comma Return"
+UserLetters "nihao"
+UserKeys "space comma Return"
 CheckActiveSoon "AllowEdit off: Enter moves", "3,2"
 Check "AllowEdit off: no edit", Grid.CellText(2, 2) & events, "old"
 Grid.AllowEdit = True
-Letters "nihao"
-Keys "space Return"
+UserLetters "nihao"
+UserKeys "space Return"
 CheckActiveSoon "a veto: Enter moves", "4,2"
 Check "a veto was asked for", InStr(events, "starting;") > 0, True
 Check "a veto: no edit", Grid.CellText(3, 2) & InStr(events, "end"), "kept0"
 events = ""
-Letters "nihao"
-Keys "space Return"
+UserLetters "nihao"
+UserKeys "space Return"
 CheckActiveSoon "a read-only cell: Enter moves", "5,2"
 Check "a read-only cell: no edit", Grid.CellText(4, 2) & events, "read-only"
 Host.Log "end"

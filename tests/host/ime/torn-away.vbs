@@ -14,7 +14,7 @@ EvenSheet 20, 6
 Grid.EnterGoDown = True
 Grid.CellText(2, 2) = "old"
 Host.Click MiddleX(2), MiddleY(2)
-Letters "nihao"
+UserLetters "nihao"
 For turn = 1 To 2400
     If Not showsInCell Or starts <> "" Then Exit For
     Host.Pump 25
@@ -26,8 +26,8 @@ If showsInCell Then
 Else
     Check "the cell is untouched", Grid.CellText(2, 2) & ends, "old"
 End If
-Letters "zhongguo"
-Keys "space Return"
+UserLetters "zhongguo"
+UserKeys "space Return"
 CheckActiveSoon "the next composition", "7,3"
 Check "stands in its cell", Right(Grid.CellText(6, 3), 2), "中国"
 Host.Log "end"
