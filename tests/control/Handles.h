@@ -23,7 +23,7 @@ struct Handles {
 
   private:
     struct GdiEntry {
-        void* object;
+        ULONGLONG object;
         ULONG owner;
         USHORT unique;
         UCHAR type;
