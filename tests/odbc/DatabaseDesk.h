@@ -19,9 +19,9 @@
 #include <unistd.h>
 #endif
 
-#include "apps/host/odbc/ChangeSaver.h"
 #include "apps/host/odbc/Connection.h"
 #include "apps/host/odbc/QueryRows.h"
+#include "tests/odbc/TestSheet.h"
 
 namespace veygrid {
 
@@ -150,28 +150,5 @@ inline std::string DatabaseName(const testing::TestParamInfo<Database>& info) {
 #define EACH_DATABASE(Suite)  \
     INSTANTIATE_TEST_SUITE_P( \
         Databases, Suite, testing::Values(Database::SQLite, Database::PostgreSQL), DatabaseName)
-
-// A sheet that tests write the log and texts of.
-class TestSheet final : public ChangedSheet {
-  public:
-    std::vector<LogEntry> log;
-    std::map<std::pair<long, int>, std::u16string> texts;
-    std::vector<int> keys;
-
-    void Type(long row, int col, std::u16string text) {
-        log.push_back({row, col});
-        texts[{row, col}] = std::move(text);
-    }
-
-    std::vector<LogEntry> ModifiedLog() override { return log; }
-    std::u16string TypedText(long row, int col) override {
-        const auto found = texts.find({row, col});
-        return found == texts.end() ? u"" : found->second;
-    }
-    bool IsKeyColumn(int col) override {
-        return std::find(keys.begin(), keys.end(), col) != keys.end();
-    }
-    void ResetModifiedLog() override { log.clear(); }
-};
 
 }  // namespace veygrid
