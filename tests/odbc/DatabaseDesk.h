@@ -87,7 +87,7 @@ class DatabaseDesk {
         auto made = std::make_shared<Connection>(ConnectionString());
         if (m_kind == Database::PostgreSQL) {
             made->Execute({u"SET client_min_messages = warning", {}});
-            made->Execute({u"SET lock_timeout = 200", {}});
+            made->Execute({u"SET lock_timeout = 20000", {}});
             made->Execute({u"CREATE SCHEMA IF NOT EXISTS veygrid_test", {}});
             made->Execute({u"SET search_path = veygrid_test", {}});
         }
