@@ -81,7 +81,7 @@ class DatabaseDesk {
         if (m_kind == Database::PostgreSQL) {
             return Utf16(std::getenv("VEYGRID_POSTGRES"));
         }
-        return u"Driver=SQLite3;Timeout=200;Database=" + Utf16(m_file);
+        return u"Driver=SQLite3;Timeout=200;SyncPragma=OFF;Database=" + Utf16(m_file);
     }
     std::shared_ptr<Connection> Connect() const {
         auto made = std::make_shared<Connection>(ConnectionString());
