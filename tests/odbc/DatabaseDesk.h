@@ -123,7 +123,7 @@ class DatabaseTest : public testing::TestWithParam<Database> {
     bool SQLite() const { return GetParam() == Database::SQLite; }
     const std::shared_ptr<Connection>& Conn() const { return m_connection; }
     DatabaseDesk& Desk() { return *m_desk; }
-    std::int64_t Run(std::u16string text, std::vector<CellValue> values = {}) {
+    std::int64_t Run(std::u16string text, std::vector<CellView> values = {}) {
         return m_connection->Execute({std::move(text), std::move(values)});
     }
     // Either text, as the database at hand wants it.
