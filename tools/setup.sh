@@ -5,6 +5,7 @@ PACKAGES_BUILD=(g++ cmake ninja-build libicu-dev libcli11-dev nlohmann-json3-dev
 PACKAGES_TEST=(clang clang-format clang-tidy libclang-rt-dev git fonts-wqy-zenhei)
 PACKAGES_WINDOWS=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools wine64 wine
     xvfb xauth locales fonts-wqy-zenhei)
+PACKAGES_DATA=(unixodbc libsqliteodbc odbc-postgresql postgresql sqlite3 xz-utils)
 PACKAGES_X86=(debootstrap)
 PACKAGES_BENCH=(qtbase5-dev libwxgtk3.2-dev sqlite3 xz-utils xvfb xauth)
 PACKAGES_RUN=(xz-utils)
