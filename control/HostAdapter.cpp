@@ -76,6 +76,9 @@ void HostAdapter::ShowMessage(std::string_view text, std::int32_t style) {
     ShowMessageBox(m_control, m_control.DialogOwner(), text, style);
 }
 
+RecordDeletion HostAdapter::DeleteBoundRecord() {
+    return m_control.Query().DeleteBoundRecord();
+}
 void HostAdapter::RebuildDataSource() {
     veygrid::RebuildDataSource(m_control.Store());
 }

@@ -40,7 +40,7 @@ class HostAdapter final : public StoreWatcher,
     std::int32_t SaveRecord(std::int32_t wParam, std::int32_t lParam) override;
     void ShowMessage(std::string_view text, std::int32_t style) override;
 
-    RecordDeletion DeleteBoundRecord() override { return RecordDeletion::Deleted; }
+    RecordDeletion DeleteBoundRecord() override;
     void RebuildDataSource() override;
     void RunQuery(std::int16_t getAllRecords) override;
 

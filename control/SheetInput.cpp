@@ -269,6 +269,10 @@ std::string SheetInput::GetMsg(std::int32_t number) {
     return veygrid::GetMsg(static_cast<std::uint32_t>(number));
 }
 
+void SheetInput::RefreshColumnNames() {
+    m_control.Bound().RefreshColumnNames();
+}
+
 void SheetInput::InvertSelection(Surface& surface) {
     veygrid::InvertSelection(m_control.Sheet().Context(), surface);
 }

@@ -48,7 +48,7 @@ class SheetInput final : public CellEditorHost,
 
     bool AskHeaderText(std::string& text) override;
     std::string GetMsg(std::int32_t number) override;
-    void RefreshColumnNames() override {}
+    void RefreshColumnNames() override;
 
     void InvertSelection(Surface& surface) override;
     void DrawSelectionFrame(Surface& surface) override;

@@ -20,6 +20,19 @@ RECT ToRECT(const Rect& rect) {
     return {rect.left, rect.top, rect.right, rect.bottom};
 }
 
+// Brings a layout back to what it was.
+class KeptLayout {
+  public:
+    explicit KeptLayout(LayoutState& layout) : m_layout(layout), m_kept(layout) {}
+    KeptLayout(const KeptLayout&) = delete;
+    KeptLayout& operator=(const KeptLayout&) = delete;
+    ~KeptLayout() { m_layout = m_kept; }
+
+  private:
+    LayoutState& m_layout;
+    LayoutState m_kept;
+};
+
 // Steps of one notch, as the user chose them.
 std::int32_t StepsPerNotch(ScrollBar bar) {
     constexpr UINT UsualSteps = 3;
@@ -46,9 +59,8 @@ void SheetView::Draw(HDC target, const RECT& bounds, const RECT& invalid) {
         PaintWindow(target, bounds, invalid);
         return;
     }
-    const LayoutState ofWindow = m_layout;
+    const KeptLayout ofWindow(m_layout);
     Paint(target, bounds, invalid);
-    static_cast<LayoutState&>(m_layout) = ofWindow;
 }
 
 void SheetView::PaintWindow(HDC target, const RECT& bounds, const RECT& invalid) {
@@ -58,7 +70,18 @@ void SheetView::PaintWindow(HDC target, const RECT& bounds, const RECT& invalid)
         m_shown = {m_layout.FirstVisibleRow, m_layout.FirstVisibleCol};
     }
     const bool isFirst = m_layout.m_rcClient.IsRectEmpty();
-    Paint(target, bounds, invalid);
+    try {
+        Paint(target, bounds, invalid);
+    } catch (...) {
+        // A sheet that cannot be read shows nothing, rather than cells that look empty.
+        const OwnedBrush blank(::CreateSolidBrush(m_colors.m_clrBackground));
+        ::FillRect(target, &bounds, blank.Get());
+        Changed();
+        if (isFirst) {
+            UpdateScrollBars();
+        }
+        throw;
+    }
     if (isFirst) {
         UpdateScrollBars();
     }
@@ -211,14 +234,18 @@ void SheetView::UpdateScrollBars() {
 }
 
 void SheetView::SheetReplaced() {
-    const GridProperties& properties = m_store.Properties;
     m_image.BitsChanged();
+    Changed();
+    m_control.InvalidateControl();
+    SheetResized();
+}
+
+void SheetView::SheetResized() {
+    const GridProperties& properties = m_store.Properties;
     m_layout.FirstVisibleRow =
         std::clamp(m_layout.FirstVisibleRow, 1, std::max(properties.MaxRow, 1));
     m_layout.FirstVisibleCol =
         std::clamp(m_layout.FirstVisibleCol, 1, std::max(properties.MaxCol, 1));
-    Changed();
-    m_control.InvalidateControl();
     UpdateScrollBars();
 }
 
@@ -284,6 +311,14 @@ void SheetView::SetFocus() {
     if (HasWindow()) {
         ::SetFocus(m_control.Window());
     }
+}
+
+bool SheetView::HasMoreRecords() const {
+    return m_control.Query().HasMoreRecords();
+}
+
+bool SheetView::AppendNextRecords() {
+    return m_control.Query().AppendNextRecords();
 }
 
 bool SheetView::InEdit() const {

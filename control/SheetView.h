@@ -47,6 +47,8 @@ class SheetView final : public DrawingHost, public ScrollingHost {
     void UpdateScrollBars();
     // After another sheet was loaded.
     void SheetReplaced();
+    // After `MaxRow` or `MaxCol` changed in more than one step: the view stays on the sheet.
+    void SheetResized();
     void MakeCellVisible(std::int32_t row, std::int32_t col);
     // Screen pixels. False, with both left alone, for a point outside the window.
     bool ScreenPosToRC(std::int16_t x, std::int16_t y, std::int32_t& row, std::int32_t& col) const;
@@ -66,8 +68,8 @@ class SheetView final : public DrawingHost, public ScrollingHost {
     void SetFocus() override;
     bool InEdit() const override;
     void InvalidateControl() override;
-    bool HasMoreRecords() const override { return false; }
-    std::int32_t AppendNextRecords() override { return 0; }
+    bool HasMoreRecords() const override;
+    bool AppendNextRecords() override;
     Rect VisibleFormWindows() const override { return {}; }
     void MoveFormWindows(std::int32_t, std::int32_t) override {}
 

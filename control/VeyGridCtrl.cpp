@@ -2,10 +2,12 @@
 #include "control/VeyGridCtrl.h"
 
 #include <array>
+#include <memory>
 
 #include "binding/DataSourceText.h"
 #include "control/AutomationTable.h"
 #include "control/ClassIds.h"
+#include "control/DispatchDataset.h"
 #include "control/GdiTextMeasure.h"
 #include "control/GridPropPage.h"
 #include "control/RegisteredMessages.h"
@@ -149,7 +151,22 @@ std::int16_t CVeyGridCtrl::RunQuery(std::int16_t) {
 }
 
 std::int16_t CVeyGridCtrl::SaveToDB() {
-    return m_store.Log.IsEmpty() ? 0 : 1;
+    if (m_store.Log.IsEmpty()) {
+        return 0;
+    }
+    return SaveRecord() == 1 ? 1 : -1;
+}
+
+void CVeyGridCtrl::BindDataset(ComPtr<IDispatch> dataset) {
+    m_bound.BindDataset(dataset == nullptr ? nullptr
+                                           : std::make_shared<DispatchDataset>(std::move(dataset)));
+    m_sheet.SheetResized();
+}
+
+// A dataset may call the control back when it goes, so it goes while the control still answers.
+void CVeyGridCtrl::OnFinalRelease() {
+    CVeyOleControl::OnFinalRelease();
+    m_bound.Release();
 }
 
 void CVeyGridCtrl::EditCopy() {

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "binding/DatasetBinding.h"
+#include "binding/QueryBinding.h"
 #include "control/CellFormatObject.h"
 #include "control/ControlMenu.h"
 #include "control/HostAdapter.h"
@@ -40,6 +42,9 @@ class CVeyGridCtrl final : public CVeyOleControl {
     GridDocument& Document() { return m_document; }
     SheetView& Sheet() { return m_sheet; }
     SheetInput& Input() { return m_input; }
+    DatasetBinding& Bound() { return m_bound; }
+    // A data layer of the host finds its flags here.
+    QueryBinding& Query() { return m_query; }
 
     // Automation members that are more than a call of a part.
     ComPtr<IDispatch> DefCellFormatObject() { return m_defCellFormat->Dispatch(); }
@@ -72,10 +77,11 @@ class CVeyGridCtrl final : public CVeyOleControl {
     void AboutBox();
     std::int16_t StartEdit() { return m_input.Editor().StartEdit(); }
     std::int16_t EndEdit() { return m_input.Editor().EndEdit(); }
+    // Null ends the binding. The last reference to the former dataset may go here.
+    void BindDataset(ComPtr<IDispatch> dataset);
 
     // Members whose behaviour the windows of the control will bring; until then each gives its
     // refusing answer and changes nothing.
-    void BindDataset(IDispatch*) {}
     void ShowToolbox(bool) {}
     void ShowTabOrderDlg() {}
     std::int32_t CreateFormObject(IDispatch*) { return 0; }
@@ -97,6 +103,7 @@ class CVeyGridCtrl final : public CVeyOleControl {
     bool PreTranslateMessage(MSG& message) override { return m_input.PreTranslateMessage(message); }
 
   private:
+    void OnFinalRelease() override;
     void OnDraw(HDC target, const RECT& bounds, const RECT& invalid) override;
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     // The answer to a registered message; nothing for one without a handler.
@@ -111,14 +118,14 @@ class CVeyGridCtrl final : public CVeyOleControl {
     HostAdapter m_host{*this};
     GridStore m_store{m_host};
     Selection m_selection{m_store, m_host};
+    DatasetBinding m_bound{m_store};
+    QueryBinding m_query{m_store};
     RowColumnOperations m_operations{m_store, m_selection, m_host};
     GridDocument m_document;
     SheetView m_sheet{*this, m_store, m_selection, m_document.BkImageBits};
     ControlMenu m_menu{*this, m_store, m_selection, m_operations};
     SheetInput m_input{*this};
     bool m_bGuiDesignMode = false;
-    // The parent's answer at creation; the host owns the object.
-    LRESULT m_dataAccess = 0;
     CellFormatObject* m_defCellFormat;  // one reference of it is the control's
 };
 

@@ -277,8 +277,8 @@ constexpr std::array Members{
         return c.Store().GetCellTextByColName(row, name);
     }>(88, "GetCellTextByColName", "nRow pszColName"),
     Method<[](Ctrl& c) { return c.StartEdit(); }>(89, "StartEdit"),
-    Method<[](Ctrl& c, const AnyObject& dataset) { c.BindDataset(dataset.object.Get()); }>(
-        90, "BindDataset", "pDataset"),
+    Method<[](Ctrl& c, GivenObject dataset) { c.BindDataset(dataset.Take()); }>(90, "BindDataset",
+                                                                                "pDataset"),
     Method<[](Ctrl& c, int32_t row, int32_t col) { c.MakeCellVisible(row, col); }>(
         91, "MakeCellVisible", "nRow nCol"),
     Method<[](Ctrl& c) { c.ShowAlignDlg(); }>(92, "ShowAlignDlg"),

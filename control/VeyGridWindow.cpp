@@ -64,9 +64,13 @@ LRESULT CVeyGridCtrl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void CVeyGridCtrl::OnCreate() {
     const HWND parent = ::GetParent(Window());
-    m_dataAccess = parent == nullptr
-                       ? 0
-                       : ::SendMessageW(parent, NumberOf(Message::AskFor), AskForDataAccess, 0);
+    m_query.DataAccess = parent == nullptr
+                             ? nullptr
+                             : reinterpret_cast<DataAccess*>(::SendMessageW(
+                                   parent, NumberOf(Message::AskFor), AskForDataAccess, 0));
+    if (m_query.RunsQueryAtCreation()) {
+        RunQuery(0);
+    }
     m_host.UpdateScrollBars();
     module::SetMainWindow(Window());
 }

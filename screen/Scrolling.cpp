@@ -117,11 +117,10 @@ void Scrolling::PlaceThumb(Axis axis) {
 }
 
 void Scrolling::FetchAtEnd() {
-    if (!m_host.HasMoreRecords() || m_layout.VisibleRange(false).Row2 < m_store.Properties.MaxRow) {
-        return;
+    if (m_host.HasMoreRecords() && m_layout.VisibleRange(false).Row2 >= m_store.Properties.MaxRow &&
+        m_host.AppendNextRecords()) {
+        UpdateScrollBars();
     }
-    m_store.Properties.MaxRow = WrapAdd(m_store.Properties.MaxRow, m_host.AppendNextRecords());
-    UpdateScrollBars();
 }
 
 void Scrolling::ScrollForm(ScrollBar bar, ScrollRequest request, std::int32_t thumb) {

@@ -22,9 +22,9 @@ class ScrollingHost {
 
     // Whether a bound query has records left to fetch.
     virtual bool HasMoreRecords() const = 0;
-    // Fetches the next batch and writes it behind the last row; the number of records. `MaxRow` is
-    // not touched.
-    virtual std::int32_t AppendNextRecords() = 0;
+    // Fetches the next batch and writes it behind the last row, with which `MaxRow` grows; false
+    // when there was none.
+    virtual bool AppendNextRecords() = 0;
 
     // Union of the rectangles of all visible form windows, in client pixels as they stand.
     virtual Rect VisibleFormWindows() const = 0;

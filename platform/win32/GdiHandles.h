@@ -35,6 +35,7 @@ class OwnedGdi {
 
 using OwnedFont = OwnedGdi<HFONT>;
 using OwnedPen = OwnedGdi<HPEN>;
+using OwnedBrush = OwnedGdi<HBRUSH>;
 using OwnedBitmap = OwnedGdi<HBITMAP>;
 
 // A device context in memory.

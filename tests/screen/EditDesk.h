@@ -290,7 +290,7 @@ class EditDesk : public SheetRecorder,
     bool InEdit() const override { return inEdit(); }
     void InvalidateControl() override { Tell("InvalidateControl"); }
     bool HasMoreRecords() const override { return false; }
-    std::int32_t AppendNextRecords() override { return 0; }
+    bool AppendNextRecords() override { return false; }
     Rect VisibleFormWindows() const override { return {}; }
     void MoveFormWindows(std::int32_t, std::int32_t) override {}
 

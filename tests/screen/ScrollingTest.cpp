@@ -55,15 +55,17 @@ class RecordedBars final : public ScrollBars {
 
 class RecordedHost final : public ScrollingHost {
   public:
-    explicit RecordedHost(Lines& lines) : m_lines(lines) {}
+    RecordedHost(Lines& lines, GridProperties& properties)
+        : m_lines(lines), m_properties(properties) {}
 
     void SetFocus() override { m_lines.emplace_back("SetFocus"); }
     bool InEdit() const override { return inEdit; }
     void InvalidateControl() override { m_lines.emplace_back("InvalidateControl"); }
     bool HasMoreRecords() const override { return moreRecords; }
-    std::int32_t AppendNextRecords() override {
+    bool AppendNextRecords() override {
         m_lines.emplace_back("AppendNextRecords");
-        return nextRecords;
+        m_properties.MaxRow += nextRecords;
+        return nextRecords > 0;
     }
     Rect VisibleFormWindows() const override { return forms; }
     void MoveFormWindows(std::int32_t dx, std::int32_t dy) override {
@@ -77,6 +79,7 @@ class RecordedHost final : public ScrollingHost {
 
   private:
     Lines& m_lines;
+    GridProperties& m_properties;
 };
 
 class ScrollingTest : public SheetLayoutTest {
@@ -114,7 +117,7 @@ class ScrollingTest : public SheetLayoutTest {
 
   protected:
     RecordedBars bars{m_lines};
-    RecordedHost host{m_lines};
+    RecordedHost host{m_lines, properties};
     Scrolling scrolling{store, layout, bars, host};
 };
 
@@ -244,6 +247,14 @@ TEST_F(ScrollingTest, AtTheEndOfTheSheetTheNextRecordsAreFetchedAndTheBarsFollow
                                   "range vert 1..150", "range horz 1..20", "show horz", "show vert",
                                   "InvalidateControl"}));
     EXPECT_EQ(properties.MaxRow, 150);
+}
+
+TEST_F(ScrollingTest, AFetchThatBringsNothingLeavesTheBarsAlone) {
+    host.moreRecords = true;
+    layout.FirstVisibleRow = 34;
+    EXPECT_EQ(V(LineDown),
+              (Lines{"SetFocus", "pos vert 35", "AppendNextRecords", "InvalidateControl"}));
+    EXPECT_EQ(properties.MaxRow, 50);
 }
 
 TEST_F(ScrollingTest, AtTheEndOfTheSourceNothingIsFetched) {

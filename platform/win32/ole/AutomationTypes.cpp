@@ -70,6 +70,22 @@ void WriteReference(VARIANT& argument, VARIANT& value) {
     }
 }
 
+// Null, or without a reference of its own.
+IUnknown* ObjectIn(const VARIANT& given) {
+    const VARIANT& value = Dereferenced(given);
+    RefuseNullReference(value);
+    switch (value.vt) {
+        case VT_DISPATCH:
+        case VT_UNKNOWN:
+            return value.punkVal;
+        case VT_BYREF | VT_DISPATCH:
+        case VT_BYREF | VT_UNKNOWN:
+            return *value.ppunkVal;
+        default:
+            throw OleError{DISP_E_TYPEMISMATCH};
+    }
+}
+
 }  // namespace
 
 const VARIANT& Dereferenced(const VARIANT& given) {
@@ -136,26 +152,24 @@ std::string ReadText(const VARIANT& given, LCID locale) {
 }
 
 ComPtr<IDispatch> ReadObject(const VARIANT& given) {
-    const VARIANT& value = Dereferenced(given);
-    RefuseNullReference(value);
-    IUnknown* object = nullptr;
-    switch (value.vt) {
-        case VT_DISPATCH:
-        case VT_UNKNOWN:
-            object = value.punkVal;
-            break;
-        case VT_BYREF | VT_DISPATCH:
-        case VT_BYREF | VT_UNKNOWN:
-            object = *value.ppunkVal;
-            break;
-        default:
-            throw OleError{DISP_E_TYPEMISMATCH};
-    }
+    IUnknown* const object = ObjectIn(given);
     ComPtr<IDispatch> result;
     if (object != nullptr && FAILED(object->QueryInterface(IID_IDispatch, &result))) {
         throw OleError{DISP_E_TYPEMISMATCH};
     }
     return result;
+}
+
+GivenObject::GivenObject(const VARIANT& given)
+    : m_given(ObjectIn(given)), m_object(ReadObject(given)) {}
+
+// The interface may be an object of its own, so it keeps the reference that it came with, and the
+// one that was given goes for it.
+ComPtr<IDispatch> GivenObject::Take() {
+    if (m_object != nullptr) {
+        m_given->Release();
+    }
+    return std::move(m_object);
 }
 
 void PutBool(VARIANT& target, bool value) {

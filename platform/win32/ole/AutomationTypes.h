@@ -37,6 +37,19 @@ struct OleColor {
 struct AnyObject {
     ComPtr<IDispatch> object;
 };
+// An object whose reference the handler takes over from the caller, which adds none for it.
+class GivenObject {
+  public:
+    // For Take() alone; throws OleError as ReadObject does.
+    explicit GivenObject(const VARIANT& given);
+
+    // Null is legal. To be called once, by a handler that was reached.
+    ComPtr<IDispatch> Take();
+
+  private:
+    IUnknown* m_given;
+    ComPtr<IDispatch> m_object;
+};
 // A VARIANT taken and given as it stands; the handler does not own an argument.
 struct AnyValue {
     VARIANT value;
@@ -108,6 +121,11 @@ struct AutomationType<AnyObject> {
     static void Put(VARIANT& target, AnyObject value) {
         PutObject(target, std::move(value.object));
     }
+};
+template <>
+struct AutomationType<GivenObject> {
+    static constexpr ValueType Type = AutomationType<AnyObject>::Type;
+    static GivenObject Read(const VARIANT& given, LCID) { return GivenObject(given); }
 };
 template <>
 struct AutomationType<AnyValue> {

@@ -29,6 +29,23 @@ const wchar_t* WindowClass() {
     return WindowClassName;
 }
 
+// The paint ends with it, whatever the host's code does to the painting or the window meanwhile.
+class PaintDc {
+  public:
+    explicit PaintDc(HWND window) : m_window(window), m_dc(::BeginPaint(window, &m_paint)) {}
+    PaintDc(const PaintDc&) = delete;
+    PaintDc& operator=(const PaintDc&) = delete;
+    ~PaintDc() { ::EndPaint(m_window, &m_paint); }
+
+    HDC Get() const { return m_dc; }
+    const RECT& Area() const { return m_paint.rcPaint; }
+
+  private:
+    PAINTSTRUCT m_paint{};
+    HWND m_window;
+    HDC m_dc;
+};
+
 bool IsUserInput(UINT message) {
     return (message >= WM_KEYFIRST && message <= WM_KEYLAST) ||
            (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST);
@@ -308,14 +325,12 @@ LRESULT CVeyOleControl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void CVeyOleControl::Paint() {
-    PAINTSTRUCT paint{};
-    const HDC target = ::BeginPaint(m_window, &paint);
-    if (target != nullptr) {
+    const PaintDc paint(m_window);
+    if (paint.Get() != nullptr) {
         RECT client{};
         ::GetClientRect(m_window, &client);
-        OnDraw(target, client, paint.rcPaint);
+        OnDraw(paint.Get(), client, paint.Area());
     }
-    ::EndPaint(m_window, &paint);
 }
 
 void CVeyOleControl::OnFocus(bool has) {

@@ -64,6 +64,24 @@ void FillException(EXCEPINFO* exception, HRESULT code, const char* text) {
         BstrFromWide(std::wstring(description.begin(), description.end())).Release();
 }
 
+// A failure that the host's own code reported goes to the caller in its own words.
+HRESULT ReportDescribed(EXCEPINFO* exception, const DescribedError& error) noexcept {
+    if (exception == nullptr) {
+        return error.code;
+    }
+    const auto text = [](const std::wstring& given) {
+        return given.empty() ? nullptr
+                             : ::SysAllocStringLen(given.data(), static_cast<UINT>(given.size()));
+    };
+    *exception = {};
+    exception->scode = error.code;
+    exception->bstrSource = text(error.source);
+    exception->bstrDescription = text(error.description);
+    exception->bstrHelpFile = text(error.helpFile);
+    exception->dwHelpContext = error.helpContext;
+    return DISP_E_EXCEPTION;
+}
+
 // The exception that is being handled, as automation reports it.
 HRESULT ReportException(EXCEPINFO* exception) noexcept {
     try {
@@ -237,6 +255,8 @@ HRESULT DispatchTable::Invoke(void* object, DISPID id, REFIID riid, LCID locale,
             *result = answer.Release();
         }
         return S_OK;
+    } catch (const DescribedError& error) {
+        return ReportDescribed(exception, error);
     } catch (const OleError& error) {
         if (argumentInError != nullptr) {
             *argumentInError = arguments.CurrentIndex();

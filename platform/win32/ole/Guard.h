@@ -2,6 +2,7 @@
 #pragma once
 
 #include <new>
+#include <string>
 
 #include "platform/win32/ole/Platform.h"
 
@@ -10,6 +11,14 @@ namespace veygrid {
 // A failure that the platform names by an HRESULT.
 struct OleError {
     HRESULT code;
+};
+
+// A failure with words for the user, which automation passes on to its caller.
+struct DescribedError : OleError {
+    std::wstring source;
+    std::wstring description;
+    std::wstring helpFile{};
+    DWORD helpContext = 0;
 };
 
 inline HRESULT FailureOfCurrentException() noexcept {

@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
+#include "platform/win32/GdiHandles.h"
 #include "platform/win32/ole/Enumerator.h"
 #include "platform/win32/ole/Guard.h"
 #include "platform/win32/ole/OleControl.h"
@@ -57,14 +59,34 @@ void DrawInMetafile(CVeyOleControl& control, HDC target, const RECT& bounds, con
     control.Draw(target, {0, 0, size.cx, size.cy});
 }
 
+// A metafile that is being drawn; dropped unless it is closed.
+template <class Picture, Picture(WINAPI* CloseRecord)(HDC), BOOL(WINAPI* Delete)(Picture)>
+class Recording {
+  public:
+    explicit Recording(HDC target) : m_target(target) {}
+    Recording(const Recording&) = delete;
+    Recording& operator=(const Recording&) = delete;
+    ~Recording() {
+        if (m_target != nullptr) {
+            Delete(CloseRecord(m_target));
+        }
+    }
+
+    HDC Get() const { return m_target; }
+    Picture Close() { return CloseRecord(std::exchange(m_target, nullptr)); }
+
+  private:
+    HDC m_target;
+};
+
 HGLOBAL MetafilePicture(CVeyOleControl& control) {
     const SIZEL extent = control.Extent();
-    const HDC target = ::CreateMetaFileW(nullptr);
+    Recording<HMETAFILE, ::CloseMetaFile, ::DeleteMetaFile> target(::CreateMetaFileW(nullptr));
     const SIZE size = PixelSize(control);
-    ::SetMapMode(target, MM_ANISOTROPIC);
-    ::SetWindowExtEx(target, size.cx, size.cy, nullptr);
-    control.Draw(target, {0, 0, size.cx, size.cy});
-    const HMETAFILE picture = ::CloseMetaFile(target);
+    ::SetMapMode(target.Get(), MM_ANISOTROPIC);
+    ::SetWindowExtEx(target.Get(), size.cx, size.cy, nullptr);
+    control.Draw(target.Get(), {0, 0, size.cx, size.cy});
+    const HMETAFILE picture = target.Close();
     const HGLOBAL block = ::GlobalAlloc(GMEM_MOVEABLE, sizeof(METAFILEPICT));
     auto* const record =
         static_cast<METAFILEPICT*>(block == nullptr ? nullptr : ::GlobalLock(block));
@@ -80,7 +102,9 @@ HGLOBAL MetafilePicture(CVeyOleControl& control) {
 HENHMETAFILE EnhancedMetafile(CVeyOleControl& control) {
     const SIZEL extent = control.Extent();
     const RECT frame{0, 0, extent.cx, extent.cy};
-    const HDC target = ::CreateEnhMetaFileW(nullptr, nullptr, &frame, nullptr);
+    Recording<HENHMETAFILE, ::CloseEnhMetaFile, ::DeleteEnhMetaFile> recording(
+        ::CreateEnhMetaFileW(nullptr, nullptr, &frame, nullptr));
+    const HDC target = recording.Get();
     const SIZE size = PixelSize(control);
     const auto device = [target](LONG length, int pixels, int millimetres) {
         constexpr int HimetricPerMillimetre = 100;
@@ -92,7 +116,7 @@ HENHMETAFILE EnhancedMetafile(CVeyOleControl& control) {
     ::SetViewportExtEx(target, device(extent.cx, HORZRES, HORZSIZE),
                        device(extent.cy, VERTRES, VERTSIZE), nullptr);
     control.Draw(target, {0, 0, size.cx, size.cy});
-    return ::CloseEnhMetaFile(target);
+    return recording.Close();
 }
 
 }  // namespace
@@ -108,11 +132,10 @@ STDMETHODIMP ViewPart::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC
     }
     const KeepAlive keep(m_owner);
     return Guarded([&] {
-        const int saved = ::SaveDC(target);
+        const SavedDc saved(target);
         RECT area = RectOf(*bounds);
         if (windowBounds != nullptr && IsMetafile(target)) {
             DrawInMetafile(m_owner, target, area, *windowBounds);
-            ::RestoreDC(target, saved);
             return S_OK;
         }
         if (!IsMetafile(target)) {
@@ -122,7 +145,6 @@ STDMETHODIMP ViewPart::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC
             ::SetViewportOrgEx(target, 0, 0, nullptr);
         }
         m_owner.Draw(target, area);
-        ::RestoreDC(target, saved);
         return S_OK;
     });
 }
