@@ -16,8 +16,9 @@ Variant Automation::Get(const wchar_t* name, std::vector<Variant> indexes) const
     return Invoke(name, DISPATCH_PROPERTYGET | DISPATCH_METHOD, std::move(indexes));
 }
 
-void Automation::Put(const wchar_t* name, Variant value) const {
-    Invoke(name, DISPATCH_PROPERTYPUT, {std::move(value)});
+void Automation::Put(const wchar_t* name, Variant value, std::vector<Variant> indexes) const {
+    indexes.push_back(std::move(value));
+    Invoke(name, DISPATCH_PROPERTYPUT, std::move(indexes));
 }
 
 Variant Automation::Call(const wchar_t* name, std::vector<Variant> arguments) const {

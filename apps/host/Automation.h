@@ -27,7 +27,7 @@ class Automation {
     IDispatch* Object() const { return m_object.Get(); }
 
     Variant Get(const wchar_t* name, std::vector<Variant> indexes = {}) const;
-    void Put(const wchar_t* name, Variant value) const;
+    void Put(const wchar_t* name, Variant value, std::vector<Variant> indexes = {}) const;
     // Arguments in their written order.
     Variant Call(const wchar_t* name, std::vector<Variant> arguments = {}) const;
 

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "apps/host/DataMenu.h"
+#include "apps/host/DataSession.h"
 #include "apps/host/GridFile.h"
 #include "apps/host/HostedControl.h"
 #include "apps/host/MessageRecord.h"
@@ -21,7 +23,7 @@ using ObjectEventHandler = std::function<void(const std::wstring& object, const 
 
 class HostWindow {
   public:
-    HostWindow(const ControlModule& module, LCID locale) : m_module(module), m_locale(locale) {}
+    HostWindow(const ControlModule& module, LCID locale);
     HostWindow(const HostWindow&) = delete;
     HostWindow& operator=(const HostWindow&) = delete;
     ~HostWindow();
@@ -40,8 +42,15 @@ class HostWindow {
     // Puts one more control beside the others. Throws ComFault.
     HostedControl& AddControl();
     GridFile& File() { return *m_file; }
-    // Opens the file and shows its name; tells the user of a failure.
-    void OpenFile(const std::wstring& path);
+    // Opens the file in place of what is on view and shows its name; false, when the user was told
+    // of a failure.
+    bool OpenFile(const std::wstring& path);
+    DataSession& Data() { return m_data; }
+    // Before Create, so that the control finds the connection, or later; the changes of a query
+    // that is on view are asked about first. False when it was not done.
+    bool Connect(const std::wstring& connection);
+    // The same for a query; an empty statement stands for the control's own.
+    bool RunQuery(const std::wstring& statement);
     MessageRecord& Messages() { return m_messages; }
 
     // Where events go besides the status line.
@@ -65,6 +74,7 @@ class HostWindow {
     void OnCommand(UINT command);
     void RunCommand(UINT command);
     void PassFocusOn();
+    bool MayLeave();
     void OnClose();
     void OnInitMenu(HMENU menu);
     void OnSizeWanted(WPARAM corner, LPARAM size);
@@ -73,10 +83,12 @@ class HostWindow {
     HostedControl& MakeControl();
     void CloseControls();
     void StartAnew();
+    void AskAndOpen();
     void Toggle(const wchar_t* property);
     void OnEvent(const std::wstring& object, const std::wstring& event, DISPPARAMS& parameters);
     std::vector<RECT> Places(std::size_t count) const;
     void Layout();
+    void PostRefresh();
     void RefreshStatus();
     void ShowTitle();
 
@@ -86,6 +98,9 @@ class HostWindow {
     HACCEL m_keys = nullptr;
     StatusLine m_status;
     std::unique_ptr<GridFile> m_file;
+    // Before the controls, which hold what it hands out.
+    DataSession m_data;
+    std::unique_ptr<DataMenu> m_dataMenu;
     ComPtr<HostFrame> m_frame;
     std::vector<std::unique_ptr<HostedControl>> m_controls;
     MessageRecord m_messages;

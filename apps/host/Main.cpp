@@ -37,8 +37,12 @@ bool IsForUser(const CommandLine& line) {
 // Without a user: the boxes that come up are answered, and what follows is on the streams.
 int RunAlone(HostWindow& window, const CommandLine& line) {
     MessageBoxWatch boxes;
-    if (!line.file.empty() && !window.File().Open(window.Control().Grid(), line.file)) {
+    if (!line.file.empty() && !window.OpenFile(line.file)) {
         WriteErrorLine(L"VeyHost: cannot open " + line.file);
+        return ExitTrouble;
+    }
+    if (!line.sql.empty() && !window.RunQuery(line.sql)) {
+        WriteErrorLine(L"VeyHost: " + window.Data().Problem());
         return ExitTrouble;
     }
     int result = ExitWell;
@@ -55,7 +59,17 @@ int RunForUser(HostWindow& window, const CommandLine& line) {
     if (!line.file.empty()) {
         window.OpenFile(line.file);
     }
+    if (!line.sql.empty() && !window.RunQuery(line.sql)) {
+        TellTrouble(window.Window(), window.Data().Problem());
+    }
     return window.RunLoop();
+}
+
+void TellFault(const CommandLine& line, const std::wstring& text) {
+    WriteErrorLine(L"VeyHost: " + text);
+    if (IsForUser(line)) {
+        TellTrouble(nullptr, text);
+    }
 }
 
 int RunHost(const CommandLine& line) {
@@ -67,16 +81,13 @@ int RunHost(const CommandLine& line) {
     if (!line.script.empty()) {
         window.SetScripted();
     }
+    if (!line.dsn.empty() && !window.Connect(line.dsn)) {
+        TellFault(line, window.Data().Problem());
+        return ExitTrouble;
+    }
     window.Create(line.size);
     window.Show();
     return IsForUser(line) ? RunForUser(window, line) : RunAlone(window, line);
-}
-
-void TellFault(const CommandLine& line, const std::wstring& text) {
-    WriteErrorLine(L"VeyHost: " + text);
-    if (IsForUser(line)) {
-        TellTrouble(nullptr, text);
-    }
 }
 
 int Run() {

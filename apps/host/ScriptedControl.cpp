@@ -97,6 +97,9 @@ STDMETHODIMP ScriptedControl::Invoke(DISPID member, REFIID, LCID locale, WORD ki
         return E_POINTER;
     }
     try {
+        if (m_beforeCall) {
+            m_beforeCall();
+        }
         const auto call =
             std::make_shared<DetachedCall>(m_control, member, locale, kind, *parameters);
         if (!m_fiber.Call([call] { call->Run(); })) {
