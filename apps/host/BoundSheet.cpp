@@ -154,15 +154,21 @@ void BoundSheet::SetLogMode(long mode) {
     m_grid.Put(L"ModifiedLog", Variant::Of(mode));
 }
 
-void BoundSheet::DescribeColumn(long column, long type, bool isKey) {
+void BoundSheet::DescribeColumn(long number, const Column& column) {
     const Work work(*this);
-    const std::vector<Variant> index{Variant::Of(column)};
+    const std::vector<Variant> index{Variant::Of(number)};
     if (m_grid.Get(L"ColType", index).Number() != NoColumnEntry ||
         m_grid.Get(L"KeyColumnFlag", index).Number() != NoColumnEntry) {
         return;
     }
-    m_grid.Put(L"ColType", Variant::Of(type), index);
-    m_grid.Put(L"KeyColumnFlag", Variant::Of(isKey ? 1L : 0L), index);
+    m_grid.Put(L"ColType", Variant::Of(column.type), index);
+    m_grid.Put(L"KeyColumnFlag", Variant::Of(column.isKey ? 1L : 0L), index);
+    if (column.dataType != 0) {
+        const Variant format = m_grid.Get(L"CellFormat", Indexes({0, number}));
+        Automation(ComPtr<IDispatch>(format.pdispVal))
+            .Put(L"DataType", Variant::Of(column.dataType));
+        m_grid.Put(L"CellFormat", format, Indexes({0, number}));
+    }
 }
 
 }  // namespace veygrid

@@ -56,8 +56,13 @@ class BoundSheet {
     void GoTo(SheetCell cell);
 
     void SetLogMode(long mode);
-    // Gives a column that has no type and flag of its own these.
-    void DescribeColumn(long column, long type, bool isKey);
+    // Gives these to a column that has no type and flag of its own.
+    struct Column {
+        long type;      // its ColType
+        long dataType;  // what may be typed into it; that of the type where it is 0
+        bool isKey;
+    };
+    void DescribeColumn(long number, const Column& column);
     bool IsKeyColumn(long column) const {
         return m_grid.Get(L"KeyColumnFlag", {Variant::Of(column)}).Number() == 1;
     }

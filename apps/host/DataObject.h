@@ -1,7 +1,10 @@
 // The object "Data" of scripts: the host's connection and the query that the first control shows.
 #pragma once
 
+#include <functional>
+
 #include "apps/host/HostWindow.h"
+#include "apps/host/ScriptFiber.h"
 #include "apps/host/ScriptObject.h"
 
 namespace veygrid {
@@ -11,10 +14,16 @@ namespace veygrid {
 // Problem says why.
 class DataObject : public ScriptObject {
   public:
-    explicit DataObject(HostWindow& window);
+    DataObject(HostWindow& window, ScriptFiber& fiber);
 
   private:
+    using Work = std::function<Variant(DataSession& session, const ScriptArguments& given)>;
+
+    // A member that works on the session as it is after what the script did to the sheet before.
+    void AddWork(const wchar_t* name, std::size_t least, std::size_t most, Work work);
+
     HostWindow& m_window;
+    ScriptFiber& m_fiber;
 };
 
 }  // namespace veygrid

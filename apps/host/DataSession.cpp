@@ -8,6 +8,7 @@
 #include "apps/host/Text.h"
 #include "apps/host/odbc/OdbcError.h"
 #include "valuetext/CodePage936.h"
+#include "valuetext/DateText.h"
 
 namespace veygrid {
 
@@ -15,8 +16,9 @@ namespace {
 
 // Values of the control's ModifiedLog.
 enum LogMode : long { LogNothing = 0, LogRows = 1, LogCells = 3 };
-// Values of its ColType.
+// Values of its ColType, and of a format's DataType where that is to say more.
 enum ColumnType : long { TypeText = 1, TypeNumber = 2, TypeDate = 3 };
+enum DataType : long { DataOfColumn = 0, DataInteger = 1, DataDecimal = 2 };
 
 constexpr const wchar_t* OutOfStep =
     L"表页的行列与数据库的记录不再对应,已按记录恢复;已做的修改都还在。\n"
@@ -43,7 +45,7 @@ bool ContainsAny(std::u16string_view text, std::initializer_list<std::u16string_
 
 // By the words of the table's own type; nothing where the sheet's general handling serves best, as
 // for times of day, which a date's show format would hide.
-std::optional<long> TypeOf(const ColumnInfo& column) {
+std::optional<BoundSheet::Column> DescriptionOf(const ColumnInfo& column, bool isKey) {
     std::u16string type = column.declaredType;
     std::ranges::transform(type, type.begin(), [](char16_t unit) {
         return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
@@ -52,15 +54,28 @@ std::optional<long> TypeOf(const ColumnInfo& column) {
         return std::nullopt;
     }
     if (ContainsAny(type, {u"char", u"text", u"clob", u"uuid", u"json", u"xml"})) {
-        return TypeText;
+        return BoundSheet::Column{TypeText, DataOfColumn, isKey};
     }
     if (ContainsAny(type, {u"date"})) {
-        return TypeDate;
+        return BoundSheet::Column{TypeDate, DataOfColumn, isKey};
     }
-    if (ContainsAny(type, {u"int", u"num", u"dec", u"real", u"doub", u"float", u"serial"})) {
-        return TypeNumber;
+    if (ContainsAny(type, {u"int", u"serial"})) {
+        return BoundSheet::Column{TypeNumber, DataInteger, isKey};
+    }
+    if (ContainsAny(type, {u"num", u"dec", u"real", u"doub", u"float"})) {
+        return BoundSheet::Column{TypeNumber, DataDecimal, isKey};
     }
     return std::nullopt;
+}
+
+// Dates are typed in many ways; databases compare those of one form. In code page 936.
+std::string AsSaved(const ColumnInfo& column, const std::wstring& typed) {
+    std::string text = CodePage936FromUtf16(Utf16(typed));
+    const auto description = DescriptionOf(column, false);
+    if (description && description->type == TypeDate && IsStrictDate(text)) {
+        FormatDateText(text, "YYYY-MM-DD");
+    }
+    return text;
 }
 
 // All columns of the table's primary key, or none when the query does not show each.
@@ -172,8 +187,8 @@ void DataSession::DescribeColumns() {
     long number = 0;
     for (const ColumnInfo& column : target.columns) {
         ++number;
-        if (const std::optional<long> type = TypeOf(column)) {
-            m_sheet->DescribeColumn(number, *type, key.contains(column.base));
+        if (const auto description = DescriptionOf(column, key.contains(column.base))) {
+            m_sheet->DescribeColumn(number, *description);
         }
     }
 }
@@ -200,8 +215,7 @@ bool DataSession::Begin() {
     if (!m_sheet->EndEdit()) {
         return Refuse(EditRefused);
     }
-    m_isDirty = true;
-    LookAtSheet();
+    LookAtSheet(true);
     return true;
 }
 
@@ -322,7 +336,7 @@ void DataSession::OnEvent(const std::wstring& event, const DISPPARAMS& parameter
     const std::optional<BoundSheet::Typed> candidate = std::exchange(m_candidate, std::nullopt);
     if (event == L"StartingEdit") {
         m_edited = CellOf(parameters);
-    } else if (event == L"EndEdit" && CellOf(parameters) == m_edited) {
+    } else if (event == L"EndEdit" && CellOf(parameters) == m_edited && HasCell(m_edited)) {
         m_candidate = {m_edited, Variant(parameters.rgvarg[parameters.cArgs - 3]).Text()};
     } else if (event == L"Modified" && candidate) {
         Try([&] {
@@ -341,7 +355,7 @@ void DataSession::Settle() {
     m_isSettling = true;
     m_candidate.reset();
     try {
-        LookAtSheet();
+        LookAtSheet(m_isDirty);
     } catch (const OdbcError& error) {
         m_untold = Wide(error.Text());
     } catch (const ComFault& fault) {
@@ -354,22 +368,22 @@ void DataSession::Settle() {
     m_isSettling = false;
 }
 
-void DataSession::LookAtSheet() {
-    if (!IsInStep()) {
-        m_isDirty = false;
+void DataSession::LookAtSheet(bool isThorough) {
+    const bool wasDirty = std::exchange(m_isDirty, false);
+    if (!IsInStep(isThorough)) {
         m_sheet->Rewrite(PendingTexts());
         m_untold = OutOfStep;
-    } else if (std::exchange(m_isDirty, false)) {
-        TakeLoggedTexts();
+    } else if (isThorough && !TakeLoggedTexts() && wasDirty) {
+        m_isModified = m_sheet->IsModified();
     }
 }
 
 // Nothing but a move of its rows or columns takes a cell's entry away from its place in the log.
-bool DataSession::IsInStep() const {
+bool DataSession::IsInStep(bool isThorough) const {
     if (!m_sheet->HasSize(RecordCount(), m_dataset->ColCount())) {
         return false;
     }
-    if (!m_isDirty || m_sheet->LogMode() != LogCells) {
+    if (!isThorough || m_sheet->LogMode() != LogCells) {
         return true;
     }
     const std::vector<SheetCell> logged = m_sheet->LoggedCells();
@@ -392,30 +406,33 @@ std::vector<BoundSheet::Typed> DataSession::PendingTexts() const {
     return texts;
 }
 
-void DataSession::TakeLoggedTexts() {
-    const long before = ChangeCount();
+bool DataSession::TakeLoggedTexts() {
     std::vector<SheetCell> cells = m_sheet->LoggedCells();
-    std::erase_if(cells, [this](const SheetCell& cell) {
-        return !m_dataset->Rows().Has(cell.first, static_cast<int>(cell.second));
-    });
-    if (!cells.empty()) {
-        const std::vector<std::wstring> texts = m_sheet->TypedTexts(cells);
-        for (std::size_t index = 0; index < cells.size(); ++index) {
-            TakeText(cells[index], texts[index]);
-        }
+    std::erase_if(cells, [this](const SheetCell& cell) { return !HasCell(cell); });
+    if (cells.empty()) {
+        return false;
     }
-    if (ChangeCount() == before) {
-        m_isModified = m_sheet->IsModified();
+    const long before = ChangeCount();
+    const std::vector<std::wstring> texts = m_sheet->TypedTexts(cells);
+    for (std::size_t index = 0; index < cells.size(); ++index) {
+        TakeText(cells[index], texts[index]);
     }
+    return ChangeCount() != before;
+}
+
+bool DataSession::HasCell(SheetCell cell) const {
+    return m_dataset->Rows().Has(cell.first, static_cast<int>(cell.second));
 }
 
 void DataSession::TakeText(SheetCell cell, const std::wstring& text) {
-    const auto& [row, col] = cell;
-    const CellValue shown = m_dataset->CellText(row, static_cast<int>(col));
-    const std::u16string typed = Utf16(text);
+    const long row = cell.first;
+    const int col = static_cast<int>(cell.second);
+    const ColumnInfo& column = m_dataset->Rows().Columns()[static_cast<std::size_t>(col - 1)];
+    const std::string typed = AsSaved(column, text);
+    const CellValue shown = m_dataset->CellText(row, col);
     // The sheet holds code page 936: a difference beyond that was not typed.
-    if (CodePage936FromUtf16(shown.value_or(u"")) != CodePage936FromUtf16(typed)) {
-        m_dataset->SetPending(row, static_cast<int>(col), typed);
+    if (CodePage936FromUtf16(shown.value_or(u"")) != typed) {
+        m_dataset->SetPending(row, col, Utf16FromCodePage936(typed));
     }
 }
 

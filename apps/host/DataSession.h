@@ -86,10 +86,13 @@ class DataSession : private ChangedSheet {
     void Show(ComPtr<QueryDataset> dataset, const std::wstring& statement);
     void DescribeColumns();
     void ReadAgain();
-    void LookAtSheet();
-    bool IsInStep() const;
+    // Looks at what was logged only when thorough, else at the number of rows and columns alone.
+    void LookAtSheet(bool isThorough);
+    bool IsInStep(bool isThorough) const;
     std::vector<BoundSheet::Typed> PendingTexts() const;
-    void TakeLoggedTexts();
+    // Whether there were any that were not known.
+    bool TakeLoggedTexts();
+    bool HasCell(SheetCell cell) const;
     void TakeText(SheetCell cell, const std::wstring& text);
 
     std::function<void(const std::wstring&)> m_notice;

@@ -64,7 +64,7 @@ class ScriptRun {
                             MakeCom<ScriptedControl>(m_window.Control().Grid().Object(), m_fiber,
                                                      [this] { m_window.Data().Settle(); }));
         m_engine->AddObject(L"Host", m_host);
-        m_engine->AddObject(L"Data", MakeCom<DataObject>(m_window));
+        m_engine->AddObject(L"Data", MakeCom<DataObject>(m_window, m_fiber));
         m_window.SetEventHandler(
             [this](const std::wstring& object, const std::wstring& event, DISPPARAMS& parameters) {
                 if (!m_fiber.IsStopped()) {

@@ -97,12 +97,15 @@ STDMETHODIMP ScriptedControl::Invoke(DISPID member, REFIID, LCID locale, WORD ki
         return E_POINTER;
     }
     try {
-        if (m_beforeCall) {
-            m_beforeCall();
-        }
         const auto call =
             std::make_shared<DetachedCall>(m_control, member, locale, kind, *parameters);
-        if (!m_fiber.Call([call] { call->Run(); })) {
+        const auto run = [call, before = m_beforeCall] {
+            if (before) {
+                before();
+            }
+            call->Run();
+        };
+        if (!m_fiber.Call(run)) {
             return S_OK;
         }
         call->CopyBack(*parameters);

@@ -12,7 +12,7 @@ namespace veygrid {
 // with an empty result, so that the script can drive it.
 class ScriptedControl : public ComObject<IDispatch> {
   public:
-    // `beforeCall` runs on the script's stack before each call.
+    // `beforeCall` runs before each call, on the same stack.
     ScriptedControl(ComPtr<IDispatch> control, ScriptFiber& fiber,
                     std::function<void()> beforeCall = {})
         : m_control(std::move(control)), m_fiber(fiber), m_beforeCall(std::move(beforeCall)) {}
