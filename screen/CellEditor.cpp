@@ -70,11 +70,13 @@ void CellEditor::ScrollToActiveCell() {
 // The editor shows the text as stored, not as the cell shows it.
 bool CellEditor::Open() {
     ScrollToActiveCell();
+    // Read first: a dataset that fails must not leave an empty editor behind.
+    const std::string text = m_store.CellText(m_store.ActiveRow, m_store.ActiveCol);
     const Rect rect = m_layout.CellRect(m_store.ActiveRow, m_store.ActiveCol);
     if (!m_wndEdit.Create(Style, rect, ChildId)) {
         return false;
     }
-    m_wndEdit.SetWindowText(m_store.CellText(m_store.ActiveRow, m_store.ActiveCol));
+    m_wndEdit.SetWindowText(text);
     EditRow = m_store.ActiveRow;
     EditCol = m_store.ActiveCol;
     return true;

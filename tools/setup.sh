@@ -1,13 +1,13 @@
 # Sourced after steps.sh: installs the Debian packages that a piece of work needs, once.
 
 PACKAGES_BUILD=(g++ cmake ninja-build libicu-dev libcli11-dev nlohmann-json3-dev libboost1.81-dev
-    googletest pkgconf libcairo2-dev libpango1.0-dev)
-PACKAGES_TEST=(clang clang-format clang-tidy libclang-rt-dev git fonts-wqy-zenhei)
+    googletest pkgconf libcairo2-dev libpango1.0-dev unixodbc-dev)
+PACKAGES_TEST=(clang clang-format clang-tidy libclang-rt-dev git fonts-wqy-zenhei libsqliteodbc)
 PACKAGES_WINDOWS=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools wine64 wine
     xvfb xauth locales fonts-wqy-zenhei)
 PACKAGES_DATA=(unixodbc libsqliteodbc odbc-postgresql postgresql sqlite3 xz-utils)
 PACKAGES_X86=(debootstrap)
-PACKAGES_BENCH=(qtbase5-dev libwxgtk3.2-dev sqlite3 xz-utils xvfb xauth)
+PACKAGES_BENCH=(qtbase5-dev libwxgtk3.2-dev sqlite3 xz-utils xvfb xauth libsqliteodbc)
 PACKAGES_RUN=(xz-utils)
 PACKAGES_FONT=(fonts-wqy-zenhei)
 PACKAGES_PICTURE=(pango1.0-tools)

@@ -81,13 +81,13 @@ class DatabaseDesk {
         if (m_kind == Database::PostgreSQL) {
             return Utf16(std::getenv("VEYGRID_POSTGRES"));
         }
-        return u"Driver=SQLite3;Timeout=200;Database=" + Utf16(m_file);
+        return u"Driver=SQLite3;Timeout=200;SyncPragma=OFF;Database=" + Utf16(m_file);
     }
     std::shared_ptr<Connection> Connect() const {
         auto made = std::make_shared<Connection>(ConnectionString());
         if (m_kind == Database::PostgreSQL) {
             made->Execute({u"SET client_min_messages = warning", {}});
-            made->Execute({u"SET lock_timeout = 200", {}});
+            made->Execute({u"SET lock_timeout = 20000", {}});
             made->Execute({u"CREATE SCHEMA IF NOT EXISTS veygrid_test", {}});
             made->Execute({u"SET search_path = veygrid_test", {}});
         }

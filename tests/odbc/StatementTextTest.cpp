@@ -53,8 +53,15 @@ TEST(StatementTextTest, NamesAreQuoted) {
 }
 
 TEST(StatementTextTest, AnyQueryIsCounted) {
-    EXPECT_EQ(CountingText(FormOf(u"SELECT a FROM t -- x\n;", Database::SQLite)),
-              u"SELECT COUNT(*) FROM (SELECT a FROM t\n) AS veygrid_rows");
+    const auto text = [](std::u16string_view query) {
+        return CountingText(FormOf(query, Database::SQLite));
+    };
+    EXPECT_EQ(text(u"SELECT a FROM t WHERE b -- x\n;"), u"SELECT COUNT(*) FROM t WHERE b");
+    for (const std::u16string query :
+         {u"SELECT MAX(a) FROM t", u"SELECT a FROM t LIMIT 3", u"SELECT DISTINCT a FROM t",
+          u"SELECT a FROM t ORDER BY a", u"SELECT a FROM t -- x\n, u"}) {
+        EXPECT_EQ(text(query), u"SELECT COUNT(*) FROM (" + query + u"\n) AS veygrid_rows");
+    }
 }
 
 }  // namespace

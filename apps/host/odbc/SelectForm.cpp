@@ -50,6 +50,7 @@ class Reader {
                 begin = m_at + 1;
             }
             if (from) {
+                form.from = m_tokens[m_at].begin;
                 ++m_at;
                 return true;
             }

@@ -26,6 +26,7 @@ struct SelectForm {
     bool ordered = false;
     bool limited = false;
     std::size_t afterSelect = 0;  // in `body`
+    std::size_t from = 0;         // where FROM begins in `body`
     std::vector<SelectItem> items;
 };
 

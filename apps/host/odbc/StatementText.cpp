@@ -159,7 +159,14 @@ std::u16string QuotedName(std::u16string_view name) {
 }
 
 std::u16string CountingText(const SelectForm& form) {
-    // The line end closes a comment at the end of the statement's last line.
+    // The rows of a table are counted many times faster than those of a query. An expression may
+    // sum all rows up into one.
+    const bool plain = std::none_of(form.items.begin(), form.items.end(), [](const auto& item) {
+        return item.kind == SelectItem::Kind::Expression;
+    });
+    if (form.oneTable && plain && !form.ordered && !form.limited) {
+        return u"SELECT COUNT(*) " + form.body.substr(form.from);
+    }
     return u"SELECT COUNT(*) FROM (" + form.body + u"\n) AS veygrid_rows";
 }
 
