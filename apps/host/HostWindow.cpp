@@ -113,9 +113,20 @@ bool HostWindow::RunQuery(const std::wstring& statement) {
 bool HostWindow::OpenFile(const std::wstring& path) {
     m_data.LeaveQuery();
     const bool isOpen = m_file->Open(Control().Grid(), path);
+    if (isOpen && m_data.IsConnected()) {
+        RunOwnQuery();
+    }
     ShowTitle();
     RefreshStatus();
     return isOpen;
+}
+
+// A sheet may ask to be filled as soon as it is there.
+void HostWindow::RunOwnQuery() {
+    const bool isWanted = Control().Grid().Get(L"RunQueryAfterSerialize").Truth();
+    if (isWanted && !m_data.Statement().empty() && !m_data.RunQuery(m_data.Statement())) {
+        TellTrouble(m_window, m_data.Problem());
+    }
 }
 
 void HostWindow::AskAndOpen() {

@@ -42,8 +42,8 @@ class HostWindow {
     // Puts one more control beside the others. Throws ComFault.
     HostedControl& AddControl();
     GridFile& File() { return *m_file; }
-    // Opens the file in place of what is on view and shows its name; false, when the user was told
-    // of a failure.
+    // Opens the file in place of what is on view and shows its name, and with a connection the rows
+    // of its statement. False when it cannot be opened, which the user was told.
     bool OpenFile(const std::wstring& path);
     DataSession& Data() { return m_data; }
     // Before Create, so that the control finds the connection, or later; the changes of a query
@@ -84,6 +84,7 @@ class HostWindow {
     void CloseControls();
     void StartAnew();
     void AskAndOpen();
+    void RunOwnQuery();
     void Toggle(const wchar_t* property);
     void OnEvent(const std::wstring& object, const std::wstring& event, DISPPARAMS& parameters);
     std::vector<RECT> Places(std::size_t count) const;

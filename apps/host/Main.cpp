@@ -41,7 +41,10 @@ int RunAlone(HostWindow& window, const CommandLine& line) {
         WriteErrorLine(L"VeyHost: cannot open " + line.file);
         return ExitTrouble;
     }
-    if (!line.sql.empty() && !window.RunQuery(line.sql)) {
+    if (!line.sql.empty()) {
+        window.RunQuery(line.sql);
+    }
+    if (!window.Data().Problem().empty()) {
         WriteErrorLine(L"VeyHost: " + window.Data().Problem());
         return ExitTrouble;
     }
