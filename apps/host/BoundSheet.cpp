@@ -1,6 +1,9 @@
 // A control's sheet with a dataset bound to it, as the data session works on it.
 #include "apps/host/BoundSheet.h"
 
+#include <algorithm>
+#include <array>
+
 namespace veygrid {
 
 namespace {
@@ -11,6 +14,10 @@ constexpr long CutRow = 65535;
 constexpr const wchar_t* EndMark = L"~";
 // What a column without a type or flag of its own reads.
 constexpr long NoColumnEntry = 4;
+
+// By which formats are told apart; their fonts are bytes.
+constexpr std::array FormatMembers{L"DataType",   L"ShowFormat", L"HAlign",  L"VAlign",
+                                   L"Foreground", L"Background", L"ReadOnly"};
 
 std::vector<Variant> Indexes(SheetCell cell) {
     return {Variant::Of(cell.first), Variant::Of(cell.second)};
@@ -107,16 +114,19 @@ bool BoundSheet::EndEdit() {
 
 void BoundSheet::ForgetTyped() {
     const Work work(*this);
+    const Variant textsAlone = Variant::Of(2L);
     for (const auto& [row, col] : LoggedCells()) {
-        ClearTexts(row, col, row, col);
+        const Variant atRow = Variant::Of(row);
+        const Variant atCol = Variant::Of(col);
+        m_grid.Call(L"ClearRange", {atRow, atCol, atRow, atCol, textsAlone});
     }
     m_grid.Call(L"ResetModifiedLog");
 }
 
+// What was typed moves as its entries in the log do, wherever they went.
 void BoundSheet::Rewrite(const std::vector<Typed>& texts) {
     const Work work(*this);
-    ClearTexts(-1, -1, -1, -1);
-    m_grid.Call(L"ResetModifiedLog");
+    ForgetTyped();
     FollowDataset();
     for (const Typed& typed : texts) {
         std::vector<Variant> arguments = Indexes(typed.cell);
@@ -129,13 +139,6 @@ void BoundSheet::RemoveRow(long row) {
     const Work work(*this);
     m_grid.Call(L"DeleteRows", {Variant::Of(row), Variant::Of(1L)});
     FollowDataset();
-}
-
-// The whole sheet where all are -1.
-void BoundSheet::ClearTexts(long row1, long col1, long row2, long col2) {
-    constexpr long textsAlone = 2;
-    m_grid.Call(L"ClearRange", {Variant::Of(row1), Variant::Of(col1), Variant::Of(row2),
-                                Variant::Of(col2), Variant::Of(textsAlone)});
 }
 
 // Binding anew asks the dataset for its rows and names, and repaints.
@@ -161,14 +164,38 @@ void BoundSheet::DescribeColumn(long number, const Column& column) {
         m_grid.Get(L"KeyColumnFlag", index).Number() != NoColumnEntry) {
         return;
     }
+    const Variant own = m_grid.Get(L"CellFormat", Indexes({0, number}));
+    const bool isKept = HasOwnFormat(number);
     m_grid.Put(L"ColType", Variant::Of(column.type), index);
     m_grid.Put(L"KeyColumnFlag", Variant::Of(column.isKey ? 1L : 0L), index);
-    if (column.dataType != 0) {
+    if (isKept) {
+        m_grid.Put(L"CellFormat", own, Indexes({0, number}));
+    } else if (column.dataType != 0) {
         const Variant format = m_grid.Get(L"CellFormat", Indexes({0, number}));
         Automation(ComPtr<IDispatch>(format.pdispVal))
             .Put(L"DataType", Variant::Of(column.dataType));
         m_grid.Put(L"CellFormat", format, Indexes({0, number}));
     }
+}
+
+// Whether it looks other than a column that nobody has touched, far to the right.
+bool BoundSheet::HasOwnFormat(long column) const {
+    constexpr long untouched = 1000000;
+    const auto formatOf = [this](long number) {
+        const Variant format = m_grid.Get(L"CellFormat", Indexes({0, number}));
+        return Automation(ComPtr<IDispatch>(format.pdispVal));
+    };
+    const Automation own = formatOf(column);
+    const Automation other = formatOf(untouched);
+    const auto differs = [&](const wchar_t* name) {
+        return own.Get(name).Text() != other.Get(name).Text();
+    };
+    return std::ranges::any_of(FormatMembers, differs);
+}
+
+void BoundSheet::SetKeyFlag(long column, long flag) {
+    const Work work(*this);
+    m_grid.Put(L"KeyColumnFlag", Variant::Of(flag), {Variant::Of(column)});
 }
 
 }  // namespace veygrid

@@ -42,11 +42,11 @@ class BoundSheet {
     bool EndEdit();
     // Empties the log and takes away what was typed into its cells.
     void ForgetTyped();
-    // Takes all typed texts and log entries away and logs these texts in their place.
     struct Typed {
         SheetCell cell;
         std::wstring text;
     };
+    // Follows the dataset, with these texts typed and logged in place of all others.
     void Rewrite(const std::vector<Typed>& texts);
     // Takes the row out with what was typed there and moves what is below up.
     void RemoveRow(long row);
@@ -56,17 +56,19 @@ class BoundSheet {
     void GoTo(SheetCell cell);
 
     void SetLogMode(long mode);
-    // Gives these to a column that has no type and flag of its own.
+    // Gives these to a column that has no type and flag of its own; a format that it has stays.
     struct Column {
         long type;      // its ColType
         long dataType;  // what may be typed into it; that of the type where it is 0
         bool isKey;
     };
     void DescribeColumn(long number, const Column& column);
-    bool IsKeyColumn(long column) const {
-        return m_grid.Get(L"KeyColumnFlag", {Variant::Of(column)}).Number() == 1;
+    long KeyFlag(long column) const {
+        return m_grid.Get(L"KeyColumnFlag", {Variant::Of(column)}).Number();
     }
+    void SetKeyFlag(long column, long flag);
     std::wstring DataSource() const { return m_grid.Get(L"DataSource").Text(); }
+    // Names the columns, so that a dataset must be followed anew.
     void SetDataSource(const std::wstring& statement) {
         m_grid.Put(L"DataSource", Variant::Of(statement));
     }
@@ -79,7 +81,7 @@ class BoundSheet {
     // Stands while the session itself works on the control.
     class Work;
 
-    void ClearTexts(long row1, long col1, long row2, long col2);
+    bool HasOwnFormat(long column) const;
 
     Automation m_grid;
     ComPtr<IDispatch> m_dataset;

@@ -169,6 +169,7 @@ void DataSession::Show(ComPtr<QueryDataset> dataset, const std::wstring& stateme
     }
     dataset->WhenFaulty([this](const OdbcError& error) { m_untold = Wide(error.Text()); });
     m_dataset = std::move(dataset);
+    m_statement = statement;
     m_isModified = m_sheet->IsModified();
     m_isDirty = false;
     m_sheet->Bind(m_dataset.Get());
@@ -176,6 +177,7 @@ void DataSession::Show(ComPtr<QueryDataset> dataset, const std::wstring& stateme
         m_sheet->SetLogMode(LogCells);
     }
     DescribeColumns();
+    KeepKeyFlags();
     if (isOther) {
         m_sheet->GoTo({1, 1});
     }
@@ -348,14 +350,14 @@ void DataSession::OnEvent(const std::wstring& event, const DISPPARAMS& parameter
     }
 }
 
-void DataSession::Settle() {
+void DataSession::Settle(bool isTextNext) {
     if (!HasQuery() || m_isSettling || IsBusy()) {
         return;
     }
     m_isSettling = true;
     m_candidate.reset();
     try {
-        LookAtSheet(m_isDirty);
+        LookAtSheet(m_isDirty && !isTextNext);
     } catch (const OdbcError& error) {
         m_untold = Wide(error.Text());
     } catch (const ComFault& fault) {
@@ -369,12 +371,37 @@ void DataSession::Settle() {
 }
 
 void DataSession::LookAtSheet(bool isThorough) {
-    const bool wasDirty = std::exchange(m_isDirty, false);
     if (!IsInStep(isThorough)) {
-        m_sheet->Rewrite(PendingTexts());
-        m_untold = OutOfStep;
-    } else if (isThorough && !TakeLoggedTexts() && wasDirty) {
-        m_isModified = m_sheet->IsModified();
+        BringInStep();
+    } else if (isThorough) {
+        const bool wasDirty = std::exchange(m_isDirty, false);
+        if (!TakeLoggedTexts() && wasDirty) {
+            m_isModified = m_sheet->IsModified();
+        }
+        KeepKeyFlags();
+    }
+}
+
+void DataSession::BringInStep() {
+    m_isDirty = false;
+    m_untold = OutOfStep;
+    if (m_sheet->DataSource() != m_statement) {
+        m_sheet->SetDataSource(m_statement);
+    }
+    m_sheet->Rewrite(PendingTexts());
+    long number = 0;
+    for (const long flag : m_keyFlags) {
+        ++number;
+        if (m_sheet->KeyFlag(number) != flag) {
+            m_sheet->SetKeyFlag(number, flag);
+        }
+    }
+}
+
+void DataSession::KeepKeyFlags() {
+    m_keyFlags.clear();
+    for (long number = 1; number <= m_dataset->ColCount(); ++number) {
+        m_keyFlags.push_back(m_sheet->KeyFlag(number));
     }
 }
 

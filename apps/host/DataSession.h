@@ -70,13 +70,15 @@ class DataSession : private ChangedSheet {
     // Whether events come of what the session itself does to the control.
     bool IsBusy() const { return m_sheet && m_sheet->IsBusy(); }
     // Takes over what was written into the sheet, and brings the sheet in step with the records.
-    // Comes before whatever a user or a script does next.
-    void Settle();
+    // Comes before whatever a user or a script does next; before one more text is written it is
+    // enough to look whether rows or columns were put in or taken out, so that many are taken over
+    // at once.
+    void Settle(bool isTextNext = false);
 
   private:
     std::vector<LogEntry> ModifiedLog() override;
     std::u16string TypedText(long row, int col) override;
-    bool IsKeyColumn(int col) override { return m_sheet->IsKeyColumn(col); }
+    bool IsKeyColumn(int col) override { return m_sheet->KeyFlag(col) == 1; }
     void ResetModifiedLog() override { m_sheet->ForgetTyped(); }
 
     template <typename Work>
@@ -89,6 +91,8 @@ class DataSession : private ChangedSheet {
     // Looks at what was logged only when thorough, else at the number of rows and columns alone.
     void LookAtSheet(bool isThorough);
     bool IsInStep(bool isThorough) const;
+    void BringInStep();
+    void KeepKeyFlags();
     std::vector<BoundSheet::Typed> PendingTexts() const;
     // Whether there were any that were not known.
     bool TakeLoggedTexts();
@@ -102,7 +106,9 @@ class DataSession : private ChangedSheet {
     std::shared_ptr<Connection> m_connection;
     std::unique_ptr<BoundSheet> m_sheet;
     ComPtr<QueryDataset> m_dataset;
-    SheetCell m_edited;  // where the open edit began
+    std::wstring m_statement;      // that the dataset shows
+    std::vector<long> m_keyFlags;  // of the columns, as they were when the sheet was in step
+    SheetCell m_edited;            // where the open edit began
     std::optional<BoundSheet::Typed>
         m_candidate;         // a typed text that the control has not taken yet
     bool m_isDirty = false;  // something may have been written that is not taken over yet

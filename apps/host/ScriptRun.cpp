@@ -61,8 +61,10 @@ class ScriptRun {
         m_engine->onError = [this](const std::wstring& line) { OnError(line); };
         m_engine->Open();
         m_engine->AddObject(L"Grid",
-                            MakeCom<ScriptedControl>(m_window.Control().Grid().Object(), m_fiber,
-                                                     [this] { m_window.Data().Settle(); }));
+                            MakeCom<ScriptedControl>(
+                                m_window.Control().Grid().Object(), m_fiber,
+                                [this, writer = m_window.Control().Grid().IdOf(L"ModifyCellText")](
+                                    DISPID member) { m_window.Data().Settle(member == writer); }));
         m_engine->AddObject(L"Host", m_host);
         m_engine->AddObject(L"Data", MakeCom<DataObject>(m_window, m_fiber));
         m_window.SetEventHandler(

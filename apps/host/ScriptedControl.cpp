@@ -99,9 +99,9 @@ STDMETHODIMP ScriptedControl::Invoke(DISPID member, REFIID, LCID locale, WORD ki
     try {
         const auto call =
             std::make_shared<DetachedCall>(m_control, member, locale, kind, *parameters);
-        const auto run = [call, before = m_beforeCall] {
+        const auto run = [call, member, before = m_beforeCall] {
             if (before) {
-                before();
+                before(member);
             }
             call->Run();
         };

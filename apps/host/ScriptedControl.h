@@ -12,9 +12,9 @@ namespace veygrid {
 // with an empty result, so that the script can drive it.
 class ScriptedControl : public ComObject<IDispatch> {
   public:
-    // `beforeCall` runs before each call, on the same stack.
+    // `beforeCall` runs before each call of a member, on the same stack.
     ScriptedControl(ComPtr<IDispatch> control, ScriptFiber& fiber,
-                    std::function<void()> beforeCall = {})
+                    std::function<void(DISPID)> beforeCall = {})
         : m_control(std::move(control)), m_fiber(fiber), m_beforeCall(std::move(beforeCall)) {}
 
     STDMETHODIMP GetTypeInfoCount(UINT* count) override {
@@ -33,7 +33,7 @@ class ScriptedControl : public ComObject<IDispatch> {
   private:
     ComPtr<IDispatch> m_control;
     ScriptFiber& m_fiber;
-    std::function<void()> m_beforeCall;
+    std::function<void(DISPID)> m_beforeCall;
 };
 
 }  // namespace veygrid

@@ -134,6 +134,19 @@ TEST_F(DataMenuTest, ColumnsWithATypeOfTheirOwnKeepIt) {
     EXPECT_EQ(Grid().Get(L"KeyColumnFlag", {Variant::Of(1L)}).Number(), 1);
 }
 
+TEST_F(DataMenuTest, AFormatThatTheAuthorGaveAColumnStays) {
+    Grid().Put(L"ColType", Variant::Of(1L), {Variant::Of(9L)});
+    const Variant format = Grid().Get(L"CellFormat", {Variant::Of(0L), Variant::Of(9L)});
+    Automation(ComPtr<IDispatch>(format.pdispVal)).Put(L"Background", Variant::Of(0x00FF00L));
+    Grid().Put(L"CellFormat", format, {Variant::Of(0L), Variant::Of(2L)});
+    ConnectAndQuery();
+    const Variant kept = Grid().Get(L"CellFormat", {Variant::Of(0L), Variant::Of(2L)});
+    EXPECT_EQ(Automation(ComPtr<IDispatch>(kept.pdispVal)).Get(L"Background").Number(), 0x00FF00);
+    EXPECT_EQ(Grid().Get(L"ColType", {Variant::Of(2L)}).Number(), 1);
+    const Variant made = Grid().Get(L"CellFormat", {Variant::Of(0L), Variant::Of(1L)});
+    EXPECT_EQ(Automation(ComPtr<IDispatch>(made.pdispVal)).Get(L"DataType").Number(), 1);
+}
+
 TEST_F(DataMenuTest, QueriesAndTheirEndKeepNoReferences) {
     ConnectAndQuery();
     Grid().Put(L"Modified", Variant::Of(false));

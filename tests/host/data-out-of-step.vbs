@@ -16,6 +16,8 @@ Sub Restored(what)
     Check what & ": log", Log(), "(4,2)(2,2)"
     Check what & ": names", Grid.ColName(1) & Grid.ColName(2) & Grid.ColName(3), "号名量"
     Check what & ": changes", Data.ChangeCount, 2
+    Check what & ": key and statement", Grid.KeyColumnFlag(1) & Grid.KeyColumnFlag(2) & Grid.DataSource, _
+        "10SELECT 号, 名, 量 FROM 物 ORDER BY 号"
 End Sub
 
 Grid.InsertRows 1, 1
@@ -37,6 +39,12 @@ Restored "fewer rows"
 Grid.ResetModifiedLog
 Grid.CellText(5, 3) = "x"
 Restored "the log emptied"
+
+' A text written by a script right behind it goes into the record that has the row now.
+Grid.InsertRows 1, 1
+Grid.ModifyCellText 5, 3, "50"
+Grid.DeleteRows 1, 1
+Restored "with a text that stands there already"
 
 ' Both in turn leave the number of rows, but a look at the sheet lies between.
 Grid.InsertRows 2, 1
