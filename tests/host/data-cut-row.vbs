@@ -13,7 +13,7 @@ Grid.SetActiveCell 10, 2
 Grid.InsertRows 10, 1
 Check "each in its place", Grid.CellText(10, 2) & Grid.CellText(11, 2) & Grid.CellText(12, 2) & Log(), _
     "十十一名12(11,2)(10,2)"
-Check "saved", Data.Save & Client("SELECT 号, 名 FROM 长 WHERE 名 NOT LIKE '名%'"), "True10|十/11|十一"
+Check "saved", Word(Data.Save) & Client("SELECT 号, 名 FROM 长 WHERE 名 NOT LIKE '名%'"), "True10|十/11|十一"
 Check "one more record", Data.AddRecord, 65536
 Grid.InsertRows 10, 1
 Check "cut, and brought back", Data.ChangeCount & "," & Grid.MaxRow, "1,65536"

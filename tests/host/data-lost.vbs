@@ -6,7 +6,7 @@ Const Statement = "SELECT 号, 名 FROM 远 ORDER BY 号"
 Query Statement
 TypeInto 1, 2, "一"
 Client "SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE datname = current_database() AND pid <> pg_backend_pid()"
-Check "not saved", Data.Save, "False"
+Check "not saved", Word(Data.Save), "False"
 Check "it is told why", InStr(Data.Problem, "连接已中断") > 0, True
 Check "what was typed stays", Grid.CellText(1, 2) & Data.ChangeCount & Log(), "一1(1,2)"
 Grid.MakeCellVisible 15000, 1
@@ -17,12 +17,12 @@ Check "the reason is told", Data.Problem <> "", True
 TypeInto 15003, 2, "x"
 Check "what cannot be told from a record is none's", Data.ChangeCount, 1
 Host.Answer "no"
-Check "no query", Data.RunQuery(Statement) & Lines(Host.Boxes), "False[VeyHost, 1 处修改尚未保存到数据库,是否保存?, 35, no]"
+Check "no query", Word(Data.RunQuery(Statement)) & Lines(Host.Boxes), "False[VeyHost, 1 处修改尚未保存到数据库,是否保存?, 35, no]"
 Host.Answer "no"
 Dim again
-again = Data.Connect(Dsn)
+again = Word(Data.Connect(Dsn))
 Check "connected again", again & Data.Problem & Lines(Host.Boxes), "True[VeyHost, 1 处修改尚未保存到数据库,是否保存?, 35, no]"
-Check "queried", Data.RunQuery(Statement) & Data.Problem, "True"
+Check "queried", Word(Data.RunQuery(Statement)) & Data.Problem, "True"
 TypeInto 1, 2, "壹"
-Check "saved", Data.Save & Client("SELECT 名 FROM 远 WHERE 号 = 1"), "True壹"
+Check "saved", Word(Data.Save) & Client("SELECT 名 FROM 远 WHERE 号 = 1"), "True壹"
 Host.Log "end"

@@ -10,7 +10,7 @@ Set dialog = Opened("连接数据库")
 dialog.SetText 1001, "Driver=None"
 dialog.Press 1
 Check "a connection that fails is told", BoxTold(), True
-Check "and there is none", Data.RunQuery("SELECT 1") & Data.Problem, "False没有连接数据库。"
+Check "and there is none", Word(Data.RunQuery("SELECT 1")) & Data.Problem, "False没有连接数据库。"
 Choose "C"
 Set dialog = Opened("连接数据库")
 Check "it was remembered", dialog.GetText(1001), "Driver=None"

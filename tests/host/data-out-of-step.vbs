@@ -62,14 +62,14 @@ TypeInto 1, 3, "11"
 Check "typed behind a row that was taken out", Data.ChangeCount & Grid.CellText(1, 3) & Grid.CellText(2, 2), "411乙乙"
 Check "the box of an interactive run is none of a script's", Lines(Host.Boxes), ""
 
-Check "saved", Data.Save & Data.Problem, "True"
+Check "saved", Word(Data.Save) & Data.Problem, "True"
 Check "each change in its record", Client("SELECT * FROM 物 ORDER BY 号"), _
     "1|甲|11/2|乙乙|20/3|丙|30/4|丁丁|40/5|戊|55"
 
 ' Without a change before it.
 Grid.InsertRows 2, 1
-Check "nothing to save", Data.Save & Data.ChangeCount, "True0"
+Check "nothing to save", Word(Data.Save) & Data.ChangeCount, "True0"
 Grid.DeleteRows 2, 1
 TypeInto 2, 2, "二"
-Check "saved", Data.Save & Client("SELECT 号, 名 FROM 物 WHERE 名 = '二'"), "True2|二"
+Check "saved", Word(Data.Save) & Client("SELECT 号, 名 FROM 物 WHERE 名 = '二'"), "True2|二"
 Host.Log "end"

@@ -23,8 +23,8 @@ Check "filled", Grid.CellText(4, 1) & Grid.CellText(4, 2), "9戊"
 Check "by a script", Data.AddRecord, 5
 TypeInto 5, 1, "8"
 TypeInto 5, 2, "己"
-Check "and taken out again", Data.DeleteRecord(5) & Data.RecordCount, "True4"
-Check "there is no such record", Data.DeleteRecord(5) & Data.DeleteRecord(0) & Data.Problem, "FalseFalse没有这条记录。"
+Check "and taken out again", Word(Data.DeleteRecord(5)) & Data.RecordCount, "True4"
+Check "there is no such record", Word(Data.DeleteRecord(5)) & Word(Data.DeleteRecord(0)) & Data.Problem, "FalseFalse没有这条记录。"
 Check "two texts, one record less, one more", Data.ChangeCount, 4
 Check "not written yet", Client("SELECT count(*) FROM 人"), "4"
 
@@ -39,9 +39,9 @@ For row = 4 To 1 Step -1
     Data.DeleteRecord 1
 Next
 Check "no record", Data.RecordCount & "," & Grid.MaxRow, "0,0"
-Check "saved", Data.Save & Client("SELECT count(*) FROM 人"), "True0"
+Check "saved", Word(Data.Save) & Client("SELECT count(*) FROM 人"), "True0"
 Check "the first one", Data.AddRecord & Active(), "11,1"
 TypeInto 1, 1, "1"
 TypeInto 1, 2, "首"
-Check "saved", Data.Save & Client("SELECT * FROM 人"), "True1|首|5"
+Check "saved", Word(Data.Save) & Client("SELECT * FROM 人"), "True1|首|5"
 Host.Log "end"

@@ -32,6 +32,6 @@ Host.Key 13
 Grid.MakeCellVisible 1, 1
 Host.Pump 0
 Check "and back", Grid.CellText(1, 2), "村1"
-Check "saved", Data.Save & Client("SELECT 名称 FROM 村 WHERE 代码 = 1000000"), "True末"
+Check "saved", Word(Data.Save) & Client("SELECT 名称 FROM 村 WHERE 代码 = 1000000"), "True末"
 Check "no row was lost", Data.RecordCount, 100000
 Host.Log "end"

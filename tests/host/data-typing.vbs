@@ -28,7 +28,7 @@ Host.TypeText "x"
 Host.Key 13
 Check "refused", Lines(Host.Boxes), Box
 Check "the record is as it was", Grid.CellText(1, 5) & " " & Data.ChangeCount, "3 3"
-Check "no command runs with it", Data.Save & Data.Problem, "False正在编辑的单元格内容无效,请先改正。"
+Check "no command runs with it", Word(Data.Save) & Data.Problem, "False正在编辑的单元格内容无效,请先改正。"
 Host.Key 8
 Host.TypeText "8"
 Host.Key 13
@@ -42,7 +42,7 @@ Check "not logged", Grid.CellText(3, 2) & " " & Data.ChangeCount, "还款 5"
 Grid.ModifyCellText 3, 2, "还款"
 Check "logged, with the text that stands there", Data.ChangeCount, 5
 
-Check "saved", Data.Save & Data.Problem, "True"
+Check "saved", Word(Data.Save) & Data.Problem, "True"
 Check "nothing is left to save", Data.ChangeCount & Log(), "0"
 Check "written", Client("SELECT * FROM 账 ORDER BY 号"), _
     "1|脚本|写入|2026-01-05|" & Two("12.5") & "|8/2|中文~龘|2026-02-06|99.75|4/3|还款|2026-03-09|" & Two("7") & "|5"
@@ -57,5 +57,5 @@ Function Two(number)
 End Function
 Function Emptied()
     Grid.ModifyCellText 1, 4, ""
-    Emptied = Data.Save & Data.Problem
+    Emptied = Word(Data.Save) & Data.Problem
 End Function

@@ -21,7 +21,7 @@ End Function
 Grid.ModifyCellText 7, 2, "far away"
 Check "taken over", Grid.CellText(7, 2) & Data.ChangeCount, "far away1"
 Check "the picture is the same", Drawn() = before, True
-Check "saved", Data.Save, True
+Check "saved", Word(Data.Save), "True"
 Check "and still", Drawn() = before, True
 Grid.ModifyCellText 8, 2, "as far"
 Data.RollBack
@@ -34,5 +34,5 @@ Function Flag()
     Grid.Modified = False
     TypeInto 1003, 2, "x"
     Data.Save
-    Flag = Grid.Modified
+    Flag = Word(Grid.Modified)
 End Function

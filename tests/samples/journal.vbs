@@ -1,5 +1,5 @@
 Dim col, line
-Host.Log Data.RecordCount & " " & Grid.MaxRow & " " & Data.ChangeCount & " " & Grid.Modified
+Host.Log Data.RecordCount & " " & Grid.MaxRow & " " & Data.ChangeCount & " " & CInt(Grid.Modified)
 For col = 1 To Grid.MaxCol
     line = line & Grid.ColHeader(col) & "=" & Grid.GetCellFormatText(336, col) & "|"
 Next
