@@ -72,7 +72,11 @@ std::int32_t HostAdapter::SaveRecord(std::int32_t, std::int32_t) {
     return m_control.SaveRecord();
 }
 
-void HostAdapter::ShowMessage(std::string_view text, std::int32_t style) {
+void HostAdapter::ShowSheetMessage(std::string_view text, std::int32_t style) {
+    ShowMessageBox(m_control, nullptr, text, style);
+}
+
+void HostAdapter::ShowFileMessage(std::string_view text, std::int32_t style) {
     ShowMessageBox(m_control, m_control.DialogOwner(), text, style);
 }
 

@@ -14,10 +14,23 @@ namespace veygrid {
 
 class CVeyGridCtrl;
 
-class HostAdapter final : public StoreWatcher,
-                          public SelectionHost,
-                          public RowColumnHost,
-                          public GridFileHost {
+// Tells the messages of the sheet from those of its file, which are asked for by the same name.
+class SheetMessages : public SelectionHost, public RowColumnHost {
+  public:
+    void ShowMessage(std::string_view text, std::int32_t style) final {
+        ShowSheetMessage(text, style);
+    }
+    virtual void ShowSheetMessage(std::string_view text, std::int32_t style) = 0;
+};
+class FileMessages : public GridFileHost {
+  public:
+    void ShowMessage(std::string_view text, std::int32_t style) final {
+        ShowFileMessage(text, style);
+    }
+    virtual void ShowFileMessage(std::string_view text, std::int32_t style) = 0;
+};
+
+class HostAdapter final : public StoreWatcher, public SheetMessages, public FileMessages {
   public:
     explicit HostAdapter(CVeyGridCtrl& control) : m_control(control) {}
 
@@ -38,12 +51,14 @@ class HostAdapter final : public StoreWatcher,
     void InvalidateActiveCellAreas(CellPos cell) override;
     void InvalidateHeaderCorner() override;
     std::int32_t SaveRecord(std::int32_t wParam, std::int32_t lParam) override;
-    void ShowMessage(std::string_view text, std::int32_t style) override;
+    // Without an owner.
+    void ShowSheetMessage(std::string_view text, std::int32_t style) override;
 
     RecordDeletion DeleteBoundRecord() override;
     void RebuildDataSource() override;
     void RunQuery(std::int16_t getAllRecords) override;
 
+    void ShowFileMessage(std::string_view text, std::int32_t style) override;
     std::optional<StoredRect> ParentWindowRect() override;
     void PostSizeParentWindow(std::uint32_t leftTop, std::uint32_t widthHeight) override;
 

@@ -8,6 +8,7 @@
 
 #include "bench/Ratio.h"
 #include "control/ClassIds.h"
+#include "control/DispatchDataset.h"
 #include "platform/win32/GdiFonts.h"
 #include "tests/control/Container.h"
 
@@ -249,6 +250,81 @@ void KeyToPaint(Sheet& sheet) {
             [&] { return Repaints(sheet.Window(), Count); }, 9);
 }
 
+// A dataset in the process that answers from a table, as a good one does. Lives on the stack.
+class TableDataset final : public IDispatch {
+  public:
+    TableDataset() {
+        for (int row = 1; row <= RowsOfAView; ++row) {
+            for (int col = 1; col <= Cols; ++col) {
+                m_texts.push_back(TextOf(row, col));
+            }
+        }
+    }
+    STDMETHODIMP QueryInterface(REFIID, void** target) override {
+        *target = this;
+        return S_OK;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return 1; }
+    STDMETHODIMP_(ULONG) Release() override { return 1; }
+    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+        return E_NOTIMPL;
+    }
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* given, VARIANT* result,
+                        EXCEPINFO*, UINT*) override {
+        result->vt = VT_I4;
+        switch (id) {
+            case datasetid::GetCellValue:
+                PutText(*given->rgvarg[1].pvarVal,
+                        m_texts[static_cast<std::size_t>((given->rgvarg[3].lVal - 1) * Cols +
+                                                         given->rgvarg[2].lVal - 1)]);
+                return S_OK;
+            case datasetid::GetColCount:
+                result->lVal = Cols;
+                return S_OK;
+            case datasetid::GetRowCount:
+                result->lVal = RowsOfAView;
+                return S_OK;
+            case datasetid::GetColName:
+                PutText(*result,
+                        std::wstring(1, static_cast<wchar_t>(L'A' + given->rgvarg[0].lVal - 1)));
+                return S_OK;
+            default:
+                return DISP_E_MEMBERNOTFOUND;
+        }
+    }
+
+  private:
+    static void PutText(VARIANT& target, const std::wstring& text) {
+        target.vt = VT_BSTR;
+        target.bstrVal = ::SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+    }
+
+    std::vector<std::wstring> m_texts;
+};
+
+// The same texts in both.
+void BoundAgainstOwnCells() {
+    TableDataset dataset;
+    Sheet sheet;
+    sheet.FillAndShow(1);
+    sheet.Grid().Put(L"MaxRow", {RowsOfAView});
+    constexpr int Count = 10;
+    const auto bound = [&](IDispatch* object) {
+        sheet.Grid().Call(L"BindDataset", {Arg(object)});
+        if (object == nullptr) {
+            sheet.Grid().Put(L"MaxRow", {RowsOfAView});
+            sheet.Grid().Put(L"MaxCol", {Cols});
+        }
+        FullRepaint(sheet.Window());
+        return Repaints(sheet.Window(), Count);
+    };
+    Ratio("full repaint of a bound sheet, against its own cells", 3)
+        .Run([&] { return bound(&dataset); }, [&] { return bound(nullptr); }, 9);
+    sheet.Grid().Call(L"BindDataset", {Arg(static_cast<IDispatch*>(nullptr))});
+}
+
 // Where in the sheet the view stands must not matter.
 void DownTheSheet(Sheet& sheet) {
     constexpr int Tab = 9;
@@ -286,6 +362,7 @@ int main() {
         RequireWholeOnScreen(sheet.Window());
         AgainstTheList(sheet, list);
         KeyToPaint(sheet);
+        BoundAgainstOwnCells();
         DownTheSheet(sheet);
     }
     return 0;

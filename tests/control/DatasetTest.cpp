@@ -103,9 +103,18 @@ TEST_F(HostDataset, WhatIsNoObjectIsRefusedAndTheBindingStays) {
     FakeDataset* const dataset = Bound(10, 3);
     EXPECT_EQ(grid.Call(L"BindDataset", {Arg(1)}), DISP_E_TYPEMISMATCH);
     EXPECT_EQ(grid.Call(L"BindDataset", {Arg(L"x")}), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(grid.Call(L"BindDataset", {Arg()}), DISP_E_TYPEMISMATCH);
     EXPECT_EQ(grid.Call(L"BindDataset", {}), DISP_E_BADPARAMCOUNT);
     EXPECT_EQ(dataset->References, 1);
     EXPECT_EQ(Cell(1, 1), "R1C1");
+}
+
+TEST_F(HostDataset, NullOfAScriptEndsTheBinding) {
+    Bound(10, 3);
+    VARIANT null{};
+    null.vt = VT_NULL;
+    EXPECT_EQ(grid.Call(L"BindDataset", {Arg::Raw(null)}), S_OK);
+    EXPECT_EQ(told.Alive, 0);
 }
 
 // --- Edge cases

@@ -313,12 +313,18 @@ class CrashTold {
         }
     }
     static LONG WINAPI OnCrash(EXCEPTION_POINTERS* pointers) {
-        const auto* const module = reinterpret_cast<const char*>(Ocx::Handle());
         const auto* const place =
             static_cast<const char*>(pointers->ExceptionRecord->ExceptionAddress);
-        std::printf("exception %lX at VeyGrid.ocx+%llX in VEYGRID_FUZZ_SEED=%u, last call %ld\n",
-                    pointers->ExceptionRecord->ExceptionCode,
-                    static_cast<unsigned long long>(place - module), seed.load(), LastCall.load());
+        HMODULE module = nullptr;
+        ::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
+                                 GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                             reinterpret_cast<const wchar_t*>(place), &module);
+        char name[MAX_PATH] = {};
+        ::GetModuleFileNameA(module, name, MAX_PATH);
+        std::printf("exception %lX at %s+%llX in VEYGRID_FUZZ_SEED=%u, last call %ld\n",
+                    pointers->ExceptionRecord->ExceptionCode, name,
+                    static_cast<unsigned long long>(place - reinterpret_cast<const char*>(module)),
+                    seed.load(), LastCall.load());
         std::fflush(stdout);
         ::TerminateProcess(::GetCurrentProcess(), 3);
         return EXCEPTION_EXECUTE_HANDLER;

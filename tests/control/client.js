@@ -43,6 +43,9 @@ try {
     caught = true;
 }
 expect(caught);
+// Its own null is no object of automation.
+grid.BindDataset(null);
+expect(grid.MaxRow == 1 && grid.MaxCol == 20);
 expect(grid.SaveFile("C:\\client-\u501F\u65B9.grd"));
 var other = new ActiveXObject("VEYGRID.VeyGridCtrl.1");
 expect(other.OpenFile("C:\\client-\u501F\u65B9.grd", 0) == 1);

@@ -134,7 +134,12 @@ Expect grid.FormObject(1) Is Nothing
 grid.RemoveAllMenuItem
 grid.AppendMenuItem 33000, "item"
 grid.SendCommand 42303
-grid.BindDataset Nothing
+grid.BindDataset Nothing: Expect grid.MaxRow = 1 And grid.MaxCol = 20
+On Error Resume Next
+grid.BindDataset 5: row = Err.Number: Err.Clear
+grid.BindDataset Empty: row2 = Err.Number: Err.Clear
+On Error Goto 0
+Expect row = 13 And row2 = 13 And grid.MaxCol = 20
 grid.EditCopy
 grid.EditCut
 grid.EditPaste

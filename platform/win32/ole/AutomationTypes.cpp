@@ -160,13 +160,18 @@ ComPtr<IDispatch> ReadObject(const VARIANT& given) {
     return result;
 }
 
-GivenObject::GivenObject(const VARIANT& given)
-    : m_given(ObjectIn(given)), m_object(ReadObject(given)) {}
+GivenObject::GivenObject(const VARIANT& given) {
+    // How JScript says that there is none.
+    if (Dereferenced(given).vt != VT_NULL) {
+        m_given = ObjectIn(given);
+        m_object = ReadObject(given);
+    }
+}
 
 // The interface may be an object of its own, so it keeps the reference that it came with, and the
 // one that was given goes for it.
 ComPtr<IDispatch> GivenObject::Take() {
-    if (m_object != nullptr) {
+    if (m_given != nullptr) {
         m_given->Release();
     }
     return std::move(m_object);

@@ -40,14 +40,14 @@ struct AnyObject {
 // An object whose reference the handler takes over from the caller, which adds none for it.
 class GivenObject {
   public:
-    // For Take() alone; throws OleError as ReadObject does.
+    // For Take() alone. Null itself is legal too; throws OleError as ReadObject does.
     explicit GivenObject(const VARIANT& given);
 
     // Null is legal. To be called once, by a handler that was reached.
     ComPtr<IDispatch> Take();
 
   private:
-    IUnknown* m_given;
+    IUnknown* m_given = nullptr;
     ComPtr<IDispatch> m_object;
 };
 // A VARIANT taken and given as it stands; the handler does not own an argument.
