@@ -4,6 +4,12 @@
 # Without its debugger, a crash ends a program at once.
 export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=${WINEDLLOVERRIDES-mscoree,mshtml,winedbg.exe=}
 
+# The system's ODBC takes the texts of statements through the locale's encoding.
+case ${LC_ALL:-${LC_CTYPE:-${LANG:-}}} in
+    *[Uu][Tt][Ff]*8) ;;
+    *) export LC_ALL=C.UTF-8 ;;
+esac
+
 wine_settings=$(dirname "${BASH_SOURCE[0]}")/wine-settings.reg
 
 # Makes the prefix where there is none, and sets in it what our programs need.

@@ -33,6 +33,13 @@ TEST_P(ConnectionTest, CarriesTextsOfAnyCharacterBothWays) {
     }
 }
 
+TEST_P(ConnectionTest, CarriesChineseWithinStatements) {
+    Run(u"CREATE TABLE 表(名 TEXT)");
+    Run(u"INSERT INTO 表(名) VALUES ('多福巷')");
+    EXPECT_EQ(Conn()->Single(u"SELECT 名 FROM 表 WHERE 名 LIKE '%福%'"), CellValue(u"多福巷"));
+    EXPECT_EQ(Conn()->Describe(u"SELECT 名 FROM 表")[0].name, u"名");
+}
+
 TEST_P(ConnectionTest, NullIsNotEmptyText) {
     Run(u"CREATE TABLE t(a TEXT, b TEXT)");
     Run(u"INSERT INTO t VALUES (?, ?)", {std::nullopt, u""});

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <map>
-#include <set>
 
 #include "apps/host/odbc/OdbcError.h"
 #include "apps/host/odbc/SaveTexts.h"
@@ -16,6 +15,7 @@ namespace {
 struct Refusal {
     long row;
     std::u16string reason;
+    bool connectionLost;
 };
 
 std::u16string Number(long number) {
@@ -26,11 +26,18 @@ std::u16string NameOfRow(long row) {
     return std::u16string(SaveTexts::RowBegin) + Number(row) + std::u16string(SaveTexts::RowEnd);
 }
 [[noreturn]] void Refuse(long row, std::u16string_view reason) {
-    throw Refusal{row, (row > 0 ? NameOfRow(row) : u"") + std::u16string(reason)};
+    throw Refusal{row, (row > 0 ? NameOfRow(row) : u"") + std::u16string(reason), false};
 }
 [[noreturn]] void RefuseColumn(long row, std::u16string_view name, std::u16string_view reason) {
     Refuse(row, std::u16string(SaveTexts::ColumnBegin) + std::u16string(name) +
                     std::u16string(SaveTexts::ColumnEnd) + std::u16string(reason));
+}
+
+Refusal RefusalOf(const OdbcError& error, long row, const std::u16string& who,
+                  std::u16string_view what) {
+    const bool lost = error.ConnectionLost();
+    return {row, who + std::u16string(lost ? SaveTexts::ConnectionLost : what) + error.Text(),
+            lost};
 }
 
 // The sheet holds code page 936: what differs beyond that alone was not typed.
@@ -39,21 +46,34 @@ bool SameToTheSheet(const CellValue& read, const std::u16string& typed) {
     return text == typed || CodePage936FromUtf16(text) == CodePage936FromUtf16(typed);
 }
 
-// The places that changed, with the text of each.
+// The places that changed.
 class Changes {
   public:
-    using Rows = std::map<long, PendingRows::Texts>;
-
-    Changes(PendingRows& rows, ChangedSheet& sheet) : m_rows(rows), m_sheet(sheet) {}
-
-    Rows Collect() {
+    Changes(PendingRows& rows, ChangedSheet& sheet) : m_rows(rows), m_sheet(sheet) {
         for (const LogEntry& entry : m_sheet.ModifiedLog()) {
             AddEntry(entry);
         }
-        for (const long row : m_rows.ChangedRows()) {
-            AddPending(row);
+        const std::vector<long> pending = m_rows.ChangedRows();
+        m_changed.insert(m_changed.end(), pending.begin(), pending.end());
+        std::sort(m_changed.begin(), m_changed.end());
+        m_changed.erase(std::unique(m_changed.begin(), m_changed.end()), m_changed.end());
+    }
+
+    // Ascending.
+    const std::vector<long>& Rows() const { return m_changed; }
+
+    // The changed texts of a row. What the user sees there goes before what the sheet holds behind
+    // it. Good until the next call.
+    const PendingRows::Texts& TextsOf(long row) {
+        const PendingRows::Texts* const pending = m_rows.PendingTexts(row);
+        const auto typed = m_typed.find(row);
+        if (typed == m_typed.end()) {
+            m_merged.clear();
+            return pending != nullptr ? *pending : m_merged;
         }
-        return std::move(m_changes);
+        m_merged = pending != nullptr ? *pending : PendingRows::Texts();
+        m_merged.insert(typed->second.begin(), typed->second.end());
+        return m_merged;
     }
 
   private:
@@ -64,61 +84,91 @@ class Changes {
         if (entry.row > m_rows.RowCount() || entry.col > m_rows.ColCount() || entry.col < 0) {
             Refuse(entry.row, SaveTexts::NoSuchCell);
         }
-        AddPending(entry.row);
+        m_changed.push_back(entry.row);
         if (entry.col > 0) {
-            m_changes[entry.row].try_emplace(entry.col, m_sheet.TypedText(entry.row, entry.col));
+            AddTyped(entry.row, entry.col, true);
             return;
         }
         for (int col = 1; col <= m_rows.ColCount(); ++col) {
-            AddTyped(entry.row, col);
+            AddTyped(entry.row, col, false);
         }
     }
     // Where only the row is known, a cell that the sheet holds no text of was not typed into.
-    void AddTyped(long row, int col) {
-        std::u16string text = m_sheet.TypedText(row, col);
-        if (!text.empty()) {
-            m_changes[row].try_emplace(col, std::move(text));
+    void AddTyped(long row, int col, bool evenEmpty) {
+        const PendingRows::Texts* const pending = m_rows.PendingTexts(row);
+        if (pending != nullptr && pending->count(col) != 0) {
+            return;
         }
-    }
-    // What the user sees there goes before what the sheet holds behind it.
-    void AddPending(long row) {
-        if (const PendingRows::Texts* const texts = m_rows.PendingTexts(row)) {
-            m_changes[row].insert(texts->begin(), texts->end());
+        std::u16string text = m_sheet.TypedText(row, col);
+        if (evenEmpty || !text.empty()) {
+            m_typed[row].try_emplace(col, std::move(text));
         }
     }
 
     PendingRows& m_rows;
     ChangedSheet& m_sheet;
-    Rows m_changes;
+    std::vector<long> m_changed;
+    std::map<long, PendingRows::Texts> m_typed;
+    PendingRows::Texts m_merged;
 };
 
-struct Write {
-    enum class Kind { Delete, Update, Insert };
-
-    Kind kind;
-    long row;            // of the sheet; 0 for a deleted one
-    std::u16string who;  // begins what is told of it
-    BoundStatement statement;
-};
-
-// Turns changes into statements.
-class Plan {
+// A transaction that begins with its first statement and is rolled back unless it was committed.
+class Transaction {
   public:
-    Plan(const UpdateTarget& target, PendingRows& rows, ChangedSheet& sheet)
-        : m_target(target), m_rows(rows), m_sheet(sheet) {}
+    explicit Transaction(SqlRunner& runner) : m_runner(runner) {}
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+    ~Transaction() {
+        if (m_open) {
+            try {
+                m_runner.Rollback();
+            } catch (const OdbcError&) {
+                // With the connection gone, the database rolls back by itself.
+            }
+        }
+    }
 
-    std::vector<Write> Make() {
-        const Changes::Rows changes = Changes(m_rows, m_sheet).Collect();
-        if (m_target.table.empty() && (!changes.empty() || m_rows.HasPending())) {
-            Refuse(changes.empty() ? 0 : changes.begin()->first, SaveTexts::ReadOnly);
+    std::int64_t Execute(const BoundStatement& statement) {
+        if (!m_open) {
+            m_runner.Begin();
+            m_open = true;
+        }
+        return m_runner.Execute(statement);
+    }
+    void Commit() {
+        if (m_open) {
+            m_runner.Commit();
+            m_open = false;
+        }
+    }
+
+  private:
+    SqlRunner& m_runner;
+    bool m_open = false;
+};
+
+// Writes change after change.
+class Writer {
+  public:
+    Writer(SqlRunner& runner, const UpdateTarget& target, PendingRows& rows, ChangedSheet& sheet)
+        : m_transaction(runner), m_target(target), m_rows(rows), m_sheet(sheet) {}
+
+    SaveResult WriteAll() {
+        Changes changes(m_rows, m_sheet);
+        const std::vector<long>& changed = changes.Rows();
+        if (m_target.table.empty() && (!changed.empty() || m_rows.HasPending())) {
+            Refuse(changed.empty() ? 0 : changed.front(), SaveTexts::ReadOnly);
         }
         for (const auto& [source, record] : m_rows.Deleted()) {
-            AddDelete(record);
+            Delete(record);
         }
-        for (const auto& [row, texts] : changes) {
-            m_rows.IsAppended(row) ? AddInsert(row, texts) : AddUpdate(row, texts);
+        for (const long row : changed) {
+            m_rows.IsAppended(row) ? Insert(row, changes.TextsOf(row))
+                                   : Update(row, changes.TextsOf(row));
         }
-        return std::move(m_writes);
+        Commit();
+        m_result.saved = true;
+        return m_result;
     }
 
   private:
@@ -177,7 +227,7 @@ class Plan {
         return values;
     }
 
-    void AddUpdate(long row, const PendingRows::Texts& texts) {
+    void Update(long row, const PendingRows::Texts& texts) {
         const Record& record = m_rows.SourceRecord(row);
         std::vector<ColumnValue> changed;
         std::vector<ColumnValue> before;
@@ -190,13 +240,14 @@ class Plan {
             }
         }
         if (!changed.empty()) {
-            Add(Write::Kind::Update, row, NameOfRow(row),
-                UpdateText(m_target.table, changed, {KeyValues(row, record), before},
-                           m_target.database));
+            Carry(UpdateText(m_target.table, changed, {KeyValues(row, record), before},
+                             m_target.database),
+                  row, {});
+            ++m_result.updated;
         }
     }
     // Cells left empty take what the table gives them.
-    void AddInsert(long row, const PendingRows::Texts& texts) {
+    void Insert(long row, const PendingRows::Texts& texts) {
         std::vector<ColumnValue> values;
         for (const auto& [col, text] : texts) {
             if (!text.empty()) {
@@ -204,12 +255,12 @@ class Plan {
             }
         }
         if (!values.empty()) {
-            Add(Write::Kind::Insert, row, NameOfRow(row),
-                InsertText(m_target.table, values, m_target.database));
+            Carry(InsertText(m_target.table, values, m_target.database), row, {});
+            ++m_result.inserted;
         }
     }
     // Whoever deletes a record has seen all of it.
-    void AddDelete(const Record& record) {
+    void Delete(const Record& record) {
         const std::vector<ColumnValue> keys = KeyValues(0, record);
         std::vector<ColumnValue> others;
         for (std::size_t i = 0; i < m_target.columns.size(); ++i) {
@@ -218,8 +269,8 @@ class Plan {
                 others.push_back({&column, record[i]});
             }
         }
-        Add(Write::Kind::Delete, 0, NameOfDeleted(keys),
-            DeleteText(m_target.table, {keys, others}, m_target.database));
+        Carry(DeleteText(m_target.table, {keys, others}, m_target.database), 0, keys);
+        ++m_result.deleted;
     }
     static std::u16string NameOfDeleted(const std::vector<ColumnValue>& keys) {
         std::u16string name(SaveTexts::DeletedBegin);
@@ -232,83 +283,34 @@ class Plan {
     CellValue ValueOf(const ColumnInfo& column, const std::u16string& text) const {
         return text.empty() && !HoldsText(column, m_target.database) ? CellValue() : text;
     }
-    void Add(Write::Kind kind, long row, std::u16string who, BoundStatement statement) {
-        m_writes.push_back({kind, row, std::move(who), std::move(statement)});
+    // `keys` name a deleted record, which has no row.
+    void Carry(const BoundStatement& statement, long row, const std::vector<ColumnValue>& keys) {
+        const auto who = [&] { return row > 0 ? NameOfRow(row) : NameOfDeleted(keys); };
+        try {
+            const std::int64_t touched = m_transaction.Execute(statement);
+            if (touched != 1) {
+                const auto reason = touched == 0 ? SaveTexts::Changed : SaveTexts::NotUnique;
+                throw Refusal{row, who() + std::u16string(reason), false};
+            }
+        } catch (const OdbcError& error) {
+            throw RefusalOf(error, row, who(), SaveTexts::Refused);
+        }
+    }
+    void Commit() {
+        try {
+            m_transaction.Commit();
+        } catch (const OdbcError& error) {
+            throw RefusalOf(error, 0, {}, SaveTexts::CommitRefused);
+        }
     }
 
+    Transaction m_transaction;
+    SaveResult m_result;
     const UpdateTarget& m_target;
     PendingRows& m_rows;
     ChangedSheet& m_sheet;
     std::vector<int> m_keys;
-    std::vector<Write> m_writes;
 };
-
-void Carry(SqlRunner& runner, const Write& write) {
-    const std::int64_t touched = runner.Execute(write.statement);
-    if (touched != 1) {
-        throw Refusal{write.row, write.who + std::u16string(touched == 0 ? SaveTexts::Changed
-                                                                         : SaveTexts::NotUnique)};
-    }
-}
-
-SaveResult ResultOf(const OdbcError& error, long row, std::u16string_view who,
-                    std::u16string_view what) {
-    SaveResult result;
-    result.row = row;
-    result.connectionLost = error.ConnectionLost();
-    result.reason = who;
-    result.reason += error.ConnectionLost() ? SaveTexts::ConnectionLost : what;
-    result.reason += error.Text();
-    return result;
-}
-
-// A transaction that is rolled back unless it was committed.
-class Transaction {
-  public:
-    explicit Transaction(SqlRunner& runner) : m_runner(runner) { m_runner.Begin(); }
-    Transaction(const Transaction&) = delete;
-    Transaction& operator=(const Transaction&) = delete;
-    ~Transaction() {
-        if (!m_committed) {
-            try {
-                m_runner.Rollback();
-            } catch (const OdbcError&) {
-                // With the connection gone, the database rolls back by itself.
-            }
-        }
-    }
-    void Commit() {
-        m_runner.Commit();
-        m_committed = true;
-    }
-
-  private:
-    SqlRunner& m_runner;
-    bool m_committed = false;
-};
-
-SaveResult WriteAll(SqlRunner& runner, const std::vector<Write>& writes) {
-    SaveResult result;
-    const Write* present = nullptr;
-    try {
-        Transaction transaction(runner);
-        for (const Write& write : writes) {
-            present = &write;
-            Carry(runner, write);
-            long& count = write.kind == Write::Kind::Update   ? result.updated
-                          : write.kind == Write::Kind::Insert ? result.inserted
-                                                              : result.deleted;
-            ++count;
-        }
-        present = nullptr;
-        transaction.Commit();
-    } catch (const OdbcError& error) {
-        return present != nullptr ? ResultOf(error, present->row, present->who, SaveTexts::Refused)
-                                  : ResultOf(error, 0, {}, SaveTexts::CommitRefused);
-    }
-    result.saved = true;
-    return result;
-}
 
 }  // namespace
 
@@ -318,21 +320,20 @@ SaveResult ChangeSaver::Save() {
         if (m_runner.InTransaction()) {
             Refuse(0, SaveTexts::OpenTransaction);
         }
-        const std::vector<Write> writes = Plan(m_target, m_rows, m_sheet).Make();
-        if (!writes.empty()) {
-            result = WriteAll(m_runner, writes);
-        }
-        result.saved = result.saved || writes.empty();
+        result = Writer(m_runner, m_target, m_rows, m_sheet).WriteAll();
     } catch (const Refusal& refusal) {
         result.row = refusal.row;
         result.reason = refusal.reason;
+        result.connectionLost = refusal.connectionLost;
+        return result;
     } catch (const OdbcError& error) {
-        result = ResultOf(error, 0, {}, SaveTexts::Refused);  // reading what stood there
+        // Reading what stood there failed.
+        result.reason = RefusalOf(error, 0, {}, SaveTexts::Refused).reason;
+        result.connectionLost = error.ConnectionLost();
+        return result;
     }
-    if (result.saved) {
-        m_rows.ClearPending();
-        m_sheet.ResetModifiedLog();
-    }
+    m_rows.ClearPending();
+    m_sheet.ResetModifiedLog();
     return result;
 }
 

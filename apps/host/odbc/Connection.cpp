@@ -145,7 +145,6 @@ Connection::Connection(std::u16string_view connectionString)
     m_handle.Check(::SQLDriverConnectW(m_handle.Get(), nullptr, WideText(whole),
                                        static_cast<SQLSMALLINT>(whole.size()), nullptr, 0, nullptr,
                                        SQL_DRIVER_NOPROMPT));
-    m_connected = true;
     std::array<char16_t, 128> name{};
     SQLSMALLINT bytes = 0;
     ::SQLGetInfoW(m_handle.Get(), SQL_DBMS_NAME, name.data(),
@@ -154,18 +153,19 @@ Connection::Connection(std::u16string_view connectionString)
     if (SameName(m_productName, u"PostgreSQL")) {
         m_kind = Database::PostgreSQL;
     } else if (!SameName(m_productName.substr(0, 6), u"SQLite")) {
-        ::SQLDisconnect(m_handle.Get());
         throw OdbcError(u"HYC00", u"不支持的数据库: " + m_productName, false);
+    }
+    // A manager of drivers that stands in a locale without Chinese would garble what is written.
+    const std::u16string probe = u"中文";
+    if (Single(u"SELECT '" + probe + u"'") != probe) {
+        throw OdbcError(u"HYC00", u"ODBC 不能传送中文语句,请使用 UTF-8 语言环境", false);
     }
 }
 
 Connection::~Connection() {
     m_prepared.clear();
-    if (m_connected) {
-        if (m_inTransaction) {
-            ::SQLEndTran(SQL_HANDLE_DBC, m_handle.Get(), SQL_ROLLBACK);
-        }
-        ::SQLDisconnect(m_handle.Get());
+    if (m_inTransaction) {
+        ::SQLEndTran(SQL_HANDLE_DBC, m_handle.Get(), SQL_ROLLBACK);
     }
 }
 

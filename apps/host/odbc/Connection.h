@@ -73,7 +73,6 @@ class Connection final : public SqlRunner {
     OdbcHandle<SQL_HANDLE_DBC> m_handle;
     Database m_kind = Database::SQLite;
     std::u16string m_productName;
-    bool m_connected = false;
     bool m_inTransaction = false;
     std::map<std::u16string, OdbcStatement> m_prepared;
 };

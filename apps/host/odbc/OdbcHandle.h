@@ -47,6 +47,9 @@ class OdbcHandle {
     }
     ~OdbcHandle() {
         if (m_handle != nullptr) {
+            if constexpr (Kind == SQL_HANDLE_DBC) {
+                ::SQLDisconnect(m_handle);  // one that is not connected only says so
+            }
             ::SQLFreeHandle(Kind, m_handle);
             --openOdbcHandles;
         }
