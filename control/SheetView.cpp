@@ -64,6 +64,10 @@ void SheetView::Draw(HDC target, const RECT& bounds, const RECT& invalid) {
 }
 
 void SheetView::PaintWindow(HDC target, const RECT& bounds, const RECT& invalid) {
+    const bool isResized = std::exchange(m_isFitDue, false);
+    if (isResized) {
+        FitView();
+    }
     RECT seen{};
     const bool isWhole = ::GetClipBox(target, &seen) == SIMPLEREGION && ::EqualRect(&seen, &bounds);
     if (isWhole) {
@@ -77,12 +81,12 @@ void SheetView::PaintWindow(HDC target, const RECT& bounds, const RECT& invalid)
         const OwnedBrush blank(::CreateSolidBrush(m_colors.m_clrBackground));
         ::FillRect(target, &bounds, blank.Get());
         Changed();
-        if (isFirst) {
+        if (isFirst || isResized) {
             UpdateScrollBars();
         }
         throw;
     }
-    if (isFirst) {
+    if (isFirst || isResized) {
         UpdateScrollBars();
     }
 }
@@ -237,16 +241,16 @@ void SheetView::SheetReplaced() {
     m_image.BitsChanged();
     Changed();
     m_control.InvalidateControl();
-    SheetResized();
+    FitView();
+    UpdateScrollBars();
 }
 
-void SheetView::SheetResized() {
+void SheetView::FitView() {
     const GridProperties& properties = m_store.Properties;
     m_layout.FirstVisibleRow =
         std::clamp(m_layout.FirstVisibleRow, 1, std::max(properties.MaxRow, 1));
     m_layout.FirstVisibleCol =
         std::clamp(m_layout.FirstVisibleCol, 1, std::max(properties.MaxCol, 1));
-    UpdateScrollBars();
 }
 
 void SheetView::MakeCellVisible(std::int32_t row, std::int32_t col) {

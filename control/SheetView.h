@@ -47,8 +47,9 @@ class SheetView final : public DrawingHost, public ScrollingHost {
     void UpdateScrollBars();
     // After another sheet was loaded.
     void SheetReplaced();
-    // After `MaxRow` or `MaxCol` changed in more than one step: the view stays on the sheet.
-    void SheetResized();
+    // After `MaxRow` or `MaxCol` changed in more than one step: at the next paint the view is
+    // brought onto the sheet, so that a size that lasts no longer than a call does not move it.
+    void SheetResized() { m_isFitDue = true; }
     void MakeCellVisible(std::int32_t row, std::int32_t col);
     // Screen pixels. False, with both left alone, for a point outside the window.
     bool ScreenPosToRC(std::int16_t x, std::int16_t y, std::int32_t& row, std::int32_t& col) const;
@@ -75,6 +76,7 @@ class SheetView final : public DrawingHost, public ScrollingHost {
 
   private:
     void Paint(HDC target, const RECT& bounds, const RECT& invalid);
+    void FitView();
     void FillSeams(Surface& surface, const Rect& bounds) const;
     void PaintWindow(HDC target, const RECT& bounds, const RECT& invalid);
     // False when the window must be painted anew.
@@ -97,6 +99,7 @@ class SheetView final : public DrawingHost, public ScrollingHost {
     // sheet.
     std::optional<CellPos> m_shown;
     bool m_updatesBars = false;
+    bool m_isFitDue = false;
     // Turn of the wheel that did not make a whole step yet.
     std::int32_t m_wheelRest = 0;
 };

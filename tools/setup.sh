@@ -7,6 +7,8 @@ PACKAGES_WINDOWS=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-
     xvfb xauth locales fonts-wqy-zenhei)
 # An input method, other programs' clipboard, and keys from outside of Wine.
 PACKAGES_DESK=(fcitx5 fcitx5-pinyin dbus-daemon x11-utils xdotool xclip)
+# Databases, their drivers, and their own clients.
+PACKAGES_DATA=(unixodbc libsqliteodbc odbc-postgresql postgresql sqlite3 xz-utils)
 PACKAGES_X86=(debootstrap)
 PACKAGES_BENCH=(qtbase5-dev libwxgtk3.2-dev sqlite3 xz-utils xvfb xauth libsqliteodbc)
 PACKAGES_RUN=(xz-utils)

@@ -16,21 +16,27 @@ Variant Automation::Get(const wchar_t* name, std::vector<Variant> indexes) const
     return Invoke(name, DISPATCH_PROPERTYGET | DISPATCH_METHOD, std::move(indexes));
 }
 
-void Automation::Put(const wchar_t* name, Variant value) const {
-    Invoke(name, DISPATCH_PROPERTYPUT, {std::move(value)});
+void Automation::Put(const wchar_t* name, Variant value, std::vector<Variant> indexes) const {
+    indexes.push_back(std::move(value));
+    Invoke(name, DISPATCH_PROPERTYPUT, std::move(indexes));
 }
 
 Variant Automation::Call(const wchar_t* name, std::vector<Variant> arguments) const {
     return Invoke(name, DISPATCH_METHOD, std::move(arguments));
 }
 
-Variant Automation::Invoke(const wchar_t* name, WORD kind, std::vector<Variant> arguments) const {
+DISPID Automation::IdOf(const wchar_t* name) const {
     if (m_object == nullptr) {
         throw ComFault{E_POINTER, name};
     }
     DISPID member = DISPID_UNKNOWN;
     auto* spelling = const_cast<LPOLESTR>(name);
     Check(m_object->GetIDsOfNames(GUID{}, &spelling, 1, LOCALE_USER_DEFAULT, &member), name);
+    return member;
+}
+
+Variant Automation::Invoke(const wchar_t* name, WORD kind, std::vector<Variant> arguments) const {
+    const DISPID member = IdOf(name);
     std::reverse(arguments.begin(), arguments.end());
     DISPID put = DISPID_PROPERTYPUT;
     DISPPARAMS parameters{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};

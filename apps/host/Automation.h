@@ -25,9 +25,10 @@ class Automation {
 
     explicit operator bool() const { return m_object != nullptr; }
     IDispatch* Object() const { return m_object.Get(); }
+    DISPID IdOf(const wchar_t* name) const;
 
     Variant Get(const wchar_t* name, std::vector<Variant> indexes = {}) const;
-    void Put(const wchar_t* name, Variant value) const;
+    void Put(const wchar_t* name, Variant value, std::vector<Variant> indexes = {}) const;
     // Arguments in their written order.
     Variant Call(const wchar_t* name, std::vector<Variant> arguments = {}) const;
 

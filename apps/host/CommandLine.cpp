@@ -61,6 +61,12 @@ bool TakeOption(const std::wstring& option, Arguments& arguments, CommandLine& l
     if (option == L"/shot") {
         return TakeText(arguments, line.shot);
     }
+    if (option == L"/dsn") {
+        return TakeText(arguments, line.dsn);
+    }
+    if (option == L"/sql") {
+        return TakeText(arguments, line.sql);
+    }
     if (option == L"/size") {
         return TakePixels(arguments, line.size.cx) && TakePixels(arguments, line.size.cy);
     }
@@ -95,6 +101,10 @@ std::optional<CommandLine> ParseCommandLine(std::wstring& problem) {
             problem = L"more than one file: " + argument;
             return std::nullopt;
         }
+    }
+    if (!line.sql.empty() && line.dsn.empty()) {
+        problem = L"/sql without /dsn";
+        return std::nullopt;
     }
     return line;
 }

@@ -10,12 +10,14 @@ namespace veygrid {
 
 inline constexpr const wchar_t* Usage =
     L"usage: VeyHost.exe [FILE.grd] [/script FILE.vbs|FILE.js] [/shot FILE.png] [/size W H]"
-    L" [/locale NAME|NUMBER]";
+    L" [/locale NAME|NUMBER] [/dsn CONNECTION [/sql STATEMENT]]";
 
 struct CommandLine {
     std::wstring file;
     std::wstring script;
     std::wstring shot;
+    std::wstring dsn;  // ODBC connection string
+    std::wstring sql;
     SIZE size{800, 500};  // of the control, in pixels
     LCID locale = GetUserDefaultLCID();
 };

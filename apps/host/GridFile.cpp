@@ -22,6 +22,10 @@ void TellTrouble(HWND owner, const std::wstring& text) {
     MessageBoxW(owner, text.c_str(), BoxCaption, MB_OK | MB_ICONHAND);
 }
 
+int AskUser(HWND owner, const std::wstring& question) {
+    return MessageBoxW(owner, question.c_str(), BoxCaption, MB_YESNOCANCEL | MB_ICONQUESTION);
+}
+
 bool GridFile::Open(const Automation& grid, const std::wstring& path) {
     const std::wstring full = FullPath(path);
     constexpr long withoutQuery = 0;
@@ -33,11 +37,6 @@ bool GridFile::Open(const Automation& grid, const std::wstring& path) {
     grid.Put(L"Modified", Variant::Of(false));
     m_path = full;
     return true;
-}
-
-bool GridFile::AskAndOpen(const Automation& grid) {
-    std::wstring path;
-    return AskForPath(false, path) && Open(grid, path);
 }
 
 bool GridFile::Save(const Automation& grid) {
@@ -63,8 +62,7 @@ bool GridFile::MayLeave(const Automation& grid) {
     if (!grid.Get(L"Modified").Truth()) {
         return true;
     }
-    const int answer =
-        MessageBoxW(m_owner, L"内容已修改,是否保存?", BoxCaption, MB_YESNOCANCEL | MB_ICONQUESTION);
+    const int answer = AskUser(m_owner, L"内容已修改,是否保存?");
     return answer == IDNO || (answer == IDYES && Save(grid));
 }
 

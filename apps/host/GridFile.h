@@ -22,14 +22,13 @@ class GridFile {
     bool Open(const Automation& grid, const std::wstring& path);
     bool Save(const Automation& grid);
     bool SaveAs(const Automation& grid);
-    // Asks for the path first.
-    bool AskAndOpen(const Automation& grid);
     // Asks what to do with changes; false when the user wants to stay.
     bool MayLeave(const Automation& grid);
+    // `path` is what the dialog begins with, and what was chosen; false when the user cancels.
+    bool AskForPath(bool isSaving, std::wstring& path) const;
 
   private:
     bool SaveTo(const Automation& grid, const std::wstring& path);
-    bool AskForPath(bool isSaving, std::wstring& path) const;
 
     HWND m_owner;
     std::wstring m_path;
@@ -37,5 +36,7 @@ class GridFile {
 
 // The box in which the host tells of a failure.
 void TellTrouble(HWND owner, const std::wstring& text);
+// The host's question what to do with changes: IDYES to save them, IDNO or IDCANCEL.
+int AskUser(HWND owner, const std::wstring& question);
 
 }  // namespace veygrid

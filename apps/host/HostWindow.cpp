@@ -15,14 +15,9 @@ namespace {
 constexpr const wchar_t* ClassName = L"VeyHostWindow";
 // Posted to the own window, so that the control is never asked from within its own events.
 constexpr UINT MessageRefreshStatus = WM_APP + 1;
+// What the control asks its parent for.
+constexpr WPARAM AskForDataAccess = 2;
 constexpr DWORD WindowStyle = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
-
-Variant ByReference(long& value) {
-    Variant reference;
-    reference.vt = VT_BYREF | VT_I4;
-    reference.plVal = &value;
-    return reference;
-}
 
 std::wstring EventText(const std::wstring& event, const DISPPARAMS& parameters) {
     std::wstring text = event;
@@ -36,7 +31,7 @@ std::wstring EventText(const std::wstring& event, const DISPPARAMS& parameters) 
 StatusLine::Content ContentOf(const Automation& grid) {
     long row = 0;
     long column = 0;
-    grid.Call(L"GetActiveCell", {ByReference(row), ByReference(column)});
+    grid.Call(L"GetActiveCell", {Variant::ByReference(row), Variant::ByReference(column)});
     const std::vector<Variant> cell{Variant::Of(row), Variant::Of(column)};
     StatusLine::Content content;
     content.cell = L"第 " + std::to_wstring(row) + L" 行 第 " + std::to_wstring(column) + L" 列";
@@ -47,6 +42,14 @@ StatusLine::Content ContentOf(const Automation& grid) {
 }
 
 }  // namespace
+
+HostWindow::HostWindow(const ControlModule& module, LCID locale)
+    : m_module(module), m_locale(locale), m_data([this](const std::wstring& text) {
+          // A script reads it from the session.
+          if (!m_isScripted) {
+              TellTrouble(m_window, text);
+          }
+      }) {}
 
 HostWindow::~HostWindow() {
     Destroy();
@@ -69,6 +72,7 @@ void HostWindow::Create(SIZE controlSize) {
     m_keys = MakeMenuKeys();
     m_status.Create(m_window);
     m_file = std::make_unique<GridFile>(m_window);
+    m_dataMenu = std::make_unique<DataMenu>(m_window, m_data);
     m_frame = MakeCom<HostFrame>(m_window);
     RECT place{0, 0, controlSize.cx, controlSize.cy + m_status.Height()};
     AdjustWindowRect(&place, WindowStyle, TRUE);
@@ -92,10 +96,44 @@ void HostWindow::Destroy() {
     }
 }
 
-void HostWindow::OpenFile(const std::wstring& path) {
-    m_file->Open(Control().Grid(), path);
+bool HostWindow::Connect(const std::wstring& connection) {
+    const bool isDone =
+        (m_dataMenu == nullptr || m_dataMenu->MayLeave()) && m_data.Connect(connection);
+    PostRefresh();
+    return isDone;
+}
+
+bool HostWindow::RunQuery(const std::wstring& statement) {
+    const bool isDone = m_dataMenu->MayLeave() &&
+                        m_data.RunQuery(statement.empty() ? m_data.Statement() : statement);
+    PostRefresh();
+    return isDone;
+}
+
+bool HostWindow::OpenFile(const std::wstring& path) {
+    m_data.LeaveQuery();
+    const bool isOpen = m_file->Open(Control().Grid(), path);
+    if (isOpen && m_data.IsConnected()) {
+        RunOwnQuery();
+    }
     ShowTitle();
     RefreshStatus();
+    return isOpen;
+}
+
+// A sheet may ask to be filled as soon as it is there.
+void HostWindow::RunOwnQuery() {
+    const bool isWanted = Control().Grid().Get(L"RunQueryAfterSerialize").Truth();
+    if (isWanted && !m_data.Statement().empty() && !m_data.RunQuery(m_data.Statement())) {
+        TellTrouble(m_window, m_data.Problem());
+    }
+}
+
+void HostWindow::AskAndOpen() {
+    std::wstring path;
+    if (MayLeave() && m_file->AskForPath(false, path)) {
+        OpenFile(path);
+    }
 }
 
 HostedControl& HostWindow::AddControl() {
@@ -112,10 +150,14 @@ HostedControl& HostWindow::MakeControl() {
         [this, name](const std::wstring& event, DISPPARAMS& parameters) {
             OnEvent(name, event, parameters);
         }));
+    if (number == 1) {
+        m_data.Attach(Control().Grid());
+    }
     return *m_controls.back();
 }
 
 void HostWindow::CloseControls() {
+    m_data.Detach();
     if (m_frame != nullptr) {
         m_frame->ForgetActiveObject();
     }
@@ -132,6 +174,10 @@ void HostWindow::StartAnew() {
 
 bool HostWindow::PreTranslate(MSG& message) {
     const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
+    const bool isMouse = message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST;
+    if (isKey || isMouse) {
+        m_data.Settle();
+    }
     if (!isKey) {
         return false;
     }
@@ -239,13 +285,18 @@ LRESULT HostWindow::OnControlMessage(UINT message, WPARAM wParam, LPARAM lParam)
         return AnswerFill(reinterpret_cast<const char*>(lParam));
     }
     if (message == Registered().AskFor) {
-        return 0;  // no data access here
+        return wParam == AskForDataAccess ? reinterpret_cast<LRESULT>(m_data.Access()) : 0;
     }
     return DefWindowProcW(m_window, message, wParam, lParam);
 }
 
+// Whether neither the records nor the sheet's own contents keep the user.
+bool HostWindow::MayLeave() {
+    return m_dataMenu->MayLeave() && m_file->MayLeave(Control().Grid());
+}
+
 void HostWindow::OnClose() {
-    if (!m_isScripted && (!HasControl() || m_file->MayLeave(Control().Grid()))) {
+    if (!m_isScripted && (!HasControl() || MayLeave())) {
         DestroyWindow(m_window);
     }
 }
@@ -283,6 +334,7 @@ void HostWindow::OnInitMenu(HMENU menu) {
     };
     check(CommandFormView, L"GuiMode");
     check(CommandDesignMode, L"GuiDesignMode");
+    m_dataMenu->Prepare(menu);
 }
 
 void HostWindow::OnCommand(UINT command) {
@@ -299,14 +351,12 @@ void HostWindow::RunCommand(UINT command) {
     const Automation grid = Control().Grid();
     switch (command) {
         case CommandNew:
-            if (m_file->MayLeave(grid)) {
+            if (MayLeave()) {
                 StartAnew();
             }
             break;
         case CommandOpen:
-            if (m_file->MayLeave(grid)) {
-                m_file->AskAndOpen(grid);
-            }
+            AskAndOpen();
             break;
         case CommandSave:
             m_file->Save(grid);
@@ -337,6 +387,7 @@ void HostWindow::RunCommand(UINT command) {
             grid.Call(L"AboutBox");
             break;
         default:
+            m_dataMenu->Run(command);
             break;
     }
 }
@@ -348,16 +399,27 @@ void HostWindow::Toggle(const wchar_t* property) {
 
 void HostWindow::OnEvent(const std::wstring& object, const std::wstring& event,
                          DISPPARAMS& parameters) {
+    const bool isShown = object == L"Grid";
+    if (isShown) {
+        m_data.OnEvent(event, parameters);
+    }
+    if (isShown && m_data.IsBusy() && event == L"Modified") {
+        return;  // the host's own doing
+    }
     // Drawing asks for formats cell by cell; shown here it would hide every other event.
     if (event != L"RequestCellFormat") {
         m_lastEvent = EventText(event, parameters);
         m_story.Add(m_lastEvent);
-        if (!m_isStatusDue && m_window != nullptr) {
-            m_isStatusDue = PostMessageW(m_window, MessageRefreshStatus, 0, 0) != FALSE;
-        }
+        PostRefresh();
     }
     if (m_eventHandler) {
         m_eventHandler(object, event, parameters);
+    }
+}
+
+void HostWindow::PostRefresh() {
+    if (!m_isStatusDue && m_window != nullptr) {
+        m_isStatusDue = PostMessageW(m_window, MessageRefreshStatus, 0, 0) != FALSE;
     }
 }
 
@@ -390,8 +452,10 @@ void HostWindow::Layout() {
 void HostWindow::RefreshStatus() {
     m_isStatusDue = false;
     if (HasControl()) {
+        m_data.Settle();
         StatusLine::Content content = ContentOf(Control().Grid());
         content.lastEvent = m_lastEvent;
+        content.data = m_data.Status();
         m_status.Show(content);
     }
 }

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "apps/host/DataMenu.h"
+#include "apps/host/DataSession.h"
 #include "apps/host/GridFile.h"
 #include "apps/host/HostedControl.h"
 #include "apps/host/MessageRecord.h"
@@ -22,7 +24,7 @@ using ObjectEventHandler = std::function<void(const std::wstring& object, const 
 
 class HostWindow {
   public:
-    HostWindow(const ControlModule& module, LCID locale) : m_module(module), m_locale(locale) {}
+    HostWindow(const ControlModule& module, LCID locale);
     HostWindow(const HostWindow&) = delete;
     HostWindow& operator=(const HostWindow&) = delete;
     ~HostWindow();
@@ -41,8 +43,15 @@ class HostWindow {
     // Puts one more control beside the others. Throws ComFault.
     HostedControl& AddControl();
     GridFile& File() { return *m_file; }
-    // Opens the file and shows its name; tells the user of a failure.
-    void OpenFile(const std::wstring& path);
+    // Opens the file in place of what is on view and shows its name, and with a connection the rows
+    // of its statement. False when it cannot be opened, which the user was told.
+    bool OpenFile(const std::wstring& path);
+    DataSession& Data() { return m_data; }
+    // Before Create, so that the control finds the connection, or later; the changes of a query
+    // that is on view are asked about first. False when it was not done.
+    bool Connect(const std::wstring& connection);
+    // The same for a query; an empty statement stands for the control's own.
+    bool RunQuery(const std::wstring& statement);
     MessageRecord& Messages() { return m_messages; }
     Story& TheStory() { return m_story; }
 
@@ -67,6 +76,7 @@ class HostWindow {
     void OnCommand(UINT command);
     void RunCommand(UINT command);
     void PassFocusOn();
+    bool MayLeave();
     void OnClose();
     void OnInitMenu(HMENU menu);
     void OnSizeWanted(WPARAM corner, LPARAM size);
@@ -75,10 +85,13 @@ class HostWindow {
     HostedControl& MakeControl();
     void CloseControls();
     void StartAnew();
+    void AskAndOpen();
+    void RunOwnQuery();
     void Toggle(const wchar_t* property);
     void OnEvent(const std::wstring& object, const std::wstring& event, DISPPARAMS& parameters);
     std::vector<RECT> Places(std::size_t count) const;
     void Layout();
+    void PostRefresh();
     void RefreshStatus();
     void ShowTitle();
 
@@ -88,6 +101,9 @@ class HostWindow {
     HACCEL m_keys = nullptr;
     StatusLine m_status;
     std::unique_ptr<GridFile> m_file;
+    // Before the controls, which hold what it hands out.
+    DataSession m_data;
+    std::unique_ptr<DataMenu> m_dataMenu;
     ComPtr<HostFrame> m_frame;
     std::vector<std::unique_ptr<HostedControl>> m_controls;
     MessageRecord m_messages;

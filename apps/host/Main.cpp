@@ -37,8 +37,15 @@ bool IsForUser(const CommandLine& line) {
 
 // Without a user: what follows is on the streams.
 int RunAlone(HostWindow& window, MessageBoxWatch& boxes, const CommandLine& line) {
-    if (!line.file.empty() && !window.File().Open(window.Control().Grid(), line.file)) {
+    if (!line.file.empty() && !window.OpenFile(line.file)) {
         WriteErrorLine(L"VeyHost: cannot open " + line.file);
+        return ExitTrouble;
+    }
+    if (!line.sql.empty()) {
+        window.RunQuery(line.sql);
+    }
+    if (!window.Data().Problem().empty()) {
+        WriteErrorLine(L"VeyHost: " + window.Data().Problem());
         return ExitTrouble;
     }
     int result = ExitWell;
@@ -48,8 +55,6 @@ int RunAlone(HostWindow& window, MessageBoxWatch& boxes, const CommandLine& line
     if (!line.shot.empty()) {
         WritePng(TakePicture(window.Control().Window()), line.shot);
     }
-    // While its boxes are answered: a text that is refused holds on to the focus.
-    window.Destroy();
     return result;
 }
 
@@ -57,7 +62,17 @@ int RunForUser(HostWindow& window, const CommandLine& line) {
     if (!line.file.empty()) {
         window.OpenFile(line.file);
     }
+    if (!line.sql.empty() && !window.RunQuery(line.sql)) {
+        TellTrouble(window.Window(), window.Data().Problem());
+    }
     return window.RunLoop();
+}
+
+void TellFault(const CommandLine& line, const std::wstring& text) {
+    WriteErrorLine(L"VeyHost: " + text);
+    if (IsForUser(line)) {
+        TellTrouble(nullptr, text);
+    }
 }
 
 int RunHost(const CommandLine& line) {
@@ -74,16 +89,13 @@ int RunHost(const CommandLine& line) {
     if (!line.script.empty()) {
         window.SetScripted();
     }
+    if (!line.dsn.empty() && !window.Connect(line.dsn)) {
+        TellFault(line, window.Data().Problem());
+        return ExitTrouble;
+    }
     window.Create(line.size);
     window.Show();
     return boxes ? RunAlone(window, *boxes, line) : RunForUser(window, line);
-}
-
-void TellFault(const CommandLine& line, const std::wstring& text) {
-    WriteErrorLine(L"VeyHost: " + text);
-    if (IsForUser(line)) {
-        TellTrouble(nullptr, text);
-    }
 }
 
 int Run() {

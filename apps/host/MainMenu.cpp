@@ -41,13 +41,25 @@ HMENU MakeMainMenu() {
                 {CommandClose, L"退出(&X)"}});
     AddSubMenu(bar, L"视图(&V)",
                {{CommandFormView, L"表单视图(&F)"}, {CommandDesignMode, L"设计模式(&D)"}});
+    AddSubMenu(bar, L"数据(&D)",
+               {{CommandConnect, L"连接(&C)…"},
+                {CommandRunQuery, L"执行查询(&Q)\tF5"},
+                {0, nullptr},
+                {CommandAddRecord, L"增加记录(&A)"},
+                {CommandDeleteRecord, L"删除记录(&D)"},
+                {0, nullptr},
+                {CommandSaveRecords, L"保存(&S)"},
+                {CommandRollBack, L"放弃修改(&R)"}});
     AddSubMenu(bar, L"控件(&C)", {{CommandProperties, L"属性(&P)…"}, {CommandAbout, L"关于(&A)…"}});
     return bar;
 }
 
 HACCEL MakeMenuKeys() {
-    ACCEL keys[] = {ControlKey('N', CommandNew), ControlKey('O', CommandOpen),
-                    ControlKey('S', CommandSave), ControlKey('P', CommandPrint)};
+    ACCEL keys[] = {ControlKey('N', CommandNew),
+                    ControlKey('O', CommandOpen),
+                    ControlKey('S', CommandSave),
+                    ControlKey('P', CommandPrint),
+                    {FVIRTKEY, VK_F5, CommandRunQuery}};
     return CreateAcceleratorTableW(keys, static_cast<int>(std::size(keys)));
 }
 

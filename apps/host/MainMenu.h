@@ -18,6 +18,12 @@ enum Command : UINT {
     CommandClose,
     CommandFormView,
     CommandDesignMode,
+    CommandConnect,
+    CommandRunQuery,
+    CommandAddRecord,
+    CommandDeleteRecord,
+    CommandSaveRecords,
+    CommandRollBack,
     CommandProperties,
     CommandAbout,
     CommandLast = CommandAbout,
@@ -26,7 +32,7 @@ enum Command : UINT {
 // The menu belongs to the window that it is given to.
 HMENU MakeMainMenu();
 
-// Ctrl+N, Ctrl+O, Ctrl+S, Ctrl+P. Lives as long as the program.
+// Ctrl+N, Ctrl+O, Ctrl+S, Ctrl+P, F5. Lives as long as the program.
 HACCEL MakeMenuKeys();
 
 }  // namespace veygrid

@@ -4,6 +4,7 @@
 #include <cwchar>
 
 #include "apps/host/Console.h"
+#include "apps/host/DataObject.h"
 #include "apps/host/FileObject.h"
 #include "apps/host/HostObject.h"
 #include "apps/host/ScriptEngine.h"
@@ -60,8 +61,12 @@ class ScriptRun {
         m_engine->onError = [this](const std::wstring& line) { OnError(line); };
         m_engine->Open();
         m_engine->AddObject(L"Grid",
-                            MakeCom<ScriptedControl>(m_window.Control().Grid().Object(), m_fiber));
+                            MakeCom<ScriptedControl>(
+                                m_window.Control().Grid().Object(), m_fiber,
+                                [this, writer = m_window.Control().Grid().IdOf(L"ModifyCellText")](
+                                    DISPID member) { m_window.Data().Settle(member == writer); }));
         m_engine->AddObject(L"Host", m_host);
+        m_engine->AddObject(L"Data", MakeCom<DataObject>(m_window, m_fiber));
         m_window.SetEventHandler(
             [this](const std::wstring& object, const std::wstring& event, DISPPARAMS& parameters) {
                 if (!m_fiber.IsStopped()) {

@@ -99,7 +99,13 @@ STDMETHODIMP ScriptedControl::Invoke(DISPID member, REFIID, LCID locale, WORD ki
     try {
         const auto call =
             std::make_shared<DetachedCall>(m_control, member, locale, kind, *parameters);
-        if (!m_fiber.Call([call] { call->Run(); })) {
+        const auto run = [call, member, before = m_beforeCall] {
+            if (before) {
+                before(member);
+            }
+            call->Run();
+        };
+        if (!m_fiber.Call(run)) {
             return S_OK;
         }
         call->CopyBack(*parameters);

@@ -1,6 +1,8 @@
 // A control as scripts see it: every call goes to the control itself, on the loop's stack.
 #pragma once
 
+#include <functional>
+
 #include "apps/host/ComObject.h"
 #include "apps/host/ScriptFiber.h"
 
@@ -10,8 +12,10 @@ namespace veygrid {
 // with an empty result, so that the script can drive it.
 class ScriptedControl : public ComObject<IDispatch> {
   public:
-    ScriptedControl(ComPtr<IDispatch> control, ScriptFiber& fiber)
-        : m_control(std::move(control)), m_fiber(fiber) {}
+    // `beforeCall` runs before each call of a member, on the same stack.
+    ScriptedControl(ComPtr<IDispatch> control, ScriptFiber& fiber,
+                    std::function<void(DISPID)> beforeCall = {})
+        : m_control(std::move(control)), m_fiber(fiber), m_beforeCall(std::move(beforeCall)) {}
 
     STDMETHODIMP GetTypeInfoCount(UINT* count) override {
         return m_control->GetTypeInfoCount(count);
@@ -29,6 +33,7 @@ class ScriptedControl : public ComObject<IDispatch> {
   private:
     ComPtr<IDispatch> m_control;
     ScriptFiber& m_fiber;
+    std::function<void(DISPID)> m_beforeCall;
 };
 
 }  // namespace veygrid

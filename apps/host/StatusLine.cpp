@@ -8,7 +8,7 @@ namespace veygrid {
 namespace {
 
 // Right edges of the parts but the last, in hundredths of the width.
-constexpr int PartEdges[] = {15, 38, 61, 70};
+constexpr int PartEdges[] = {13, 33, 53, 60, 76};
 
 // By its character set, so that there are Chinese glyphs on a machine of any locale.
 HFONT MakeFont() {
@@ -41,6 +41,7 @@ void StatusLine::Show(const Content& content) {
     ShowPart(2, L"内容: " + content.stored);
     ShowPart(3, content.isModified ? L"已修改" : L"");
     ShowPart(4, content.lastEvent);
+    ShowPart(5, content.data);
 }
 
 void StatusLine::Resize(int parentWidth) {

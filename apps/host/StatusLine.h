@@ -20,6 +20,7 @@ class StatusLine {
         std::wstring stored;
         bool isModified = false;
         std::wstring lastEvent;
+        std::wstring data;  // the connection, its records and changes
     };
 
     void Create(HWND parent);

@@ -41,6 +41,20 @@ Variant Variant::Of(IDispatch* value) {
     return made;
 }
 
+Variant Variant::ByReference(long& value) {
+    Variant made;
+    made.vt = VT_BYREF | VT_I4;
+    made.plVal = &value;
+    return made;
+}
+
+Variant Variant::ByReference(short& value) {
+    Variant made;
+    made.vt = VT_BYREF | VT_I2;
+    made.piVal = &value;
+    return made;
+}
+
 Variant Variant::Of(const std::vector<Variant>& values) {
     Variant made;
     SAFEARRAY* array = SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(values.size()));

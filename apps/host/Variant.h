@@ -27,6 +27,9 @@ class Variant : public VARIANT {
     static Variant Of(const wchar_t* value) { return Of(std::wstring_view(value)); }
     // Takes a reference of its own; null makes the "Nothing" of scripts.
     static Variant Of(IDispatch* value);
+    // Refers to the number, which must live as long.
+    static Variant ByReference(long& value);
+    static Variant ByReference(short& value);
     // An array of variants, as scripts want them.
     static Variant Of(const std::vector<Variant>& values);
 

@@ -1,19 +1,9 @@
 // VeyHost's window: its menu commands, its status line, and its answers to what controls ask.
-#include <gmock/gmock.h>
-
-#include <windows.h>
-// The common controls need the base types first.
-#include <commctrl.h>
-
-#include <algorithm>
+#include "WindowDesk.h"
 
 #include "apps/host/AmbientProperties.h"
-#include "apps/host/HostWindow.h"
 #include "apps/host/MainMenu.h"
-#include "apps/host/MessageBoxWatch.h"
 #include "apps/host/Picture.h"
-#include "apps/host/RegisteredMessages.h"
-#include "valuetext/CodePage936.h"
 
 namespace veygrid {
 
@@ -24,96 +14,7 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
-// OLE and the common controls for as long as a window stands.
-class Session {
-  public:
-    Session() {
-        OleInitialize(nullptr);
-        const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_BAR_CLASSES};
-        InitCommonControlsEx(&controls);
-    }
-    Session(const Session&) = delete;
-    Session& operator=(const Session&) = delete;
-    ~Session() { OleUninitialize(); }
-};
-
-void Pump() {
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE &&
-           message.message != WM_QUIT) {
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    }
-}
-
-class HostWindowTest : public ::testing::Test {
-  protected:
-    HostWindowTest() : window(module, LocaleNameToLCID(L"zh-CN", 0)) {
-        window.SetScripted();
-        window.Create({400, 300});
-        window.Show();
-        Pump();
-    }
-    ~HostWindowTest() override {
-        window.Destroy();
-        Pump();
-    }
-
-    const Automation& Grid() const { return window.Control().Grid(); }
-    // A property with indexes; the value stands last.
-    void PutIndexed(const wchar_t* name, std::vector<Variant> values) const {
-        DISPID id = DISPID_UNKNOWN;
-        DISPID put = DISPID_PROPERTYPUT;
-        auto* text = const_cast<wchar_t*>(name);
-        std::ranges::reverse(values);
-        DISPPARAMS parameters{values.data(), &put, static_cast<UINT>(values.size()), 1};
-        IDispatch* const grid = Grid().Object();
-        ASSERT_EQ(grid->GetIDsOfNames(IID_NULL, &text, 1, 0, &id), S_OK);
-        ASSERT_EQ(grid->Invoke(id, IID_NULL, 0, DISPATCH_PROPERTYPUT, &parameters, nullptr, nullptr,
-                               nullptr),
-                  S_OK);
-    }
-    void PutText(long row, long column, const std::wstring& text) const {
-        PutIndexed(L"CellText", {Variant::Of(row), Variant::Of(column), Variant::Of(text)});
-    }
-    void MoveTo(long row, long column) const {
-        Grid().Call(L"SetActiveCell", {Variant::Of(row), Variant::Of(column)});
-    }
-    LRESULT Send(UINT message, WPARAM wParam, LPARAM lParam) const {
-        return SendMessageW(window.Window(), message, wParam, lParam);
-    }
-    void Choose(UINT command) const { Send(WM_COMMAND, command, 0); }
-    std::wstring StatusPart(int part) const {
-        Pump();
-        const HWND line = FindWindowExW(window.Window(), nullptr, STATUSCLASSNAMEW, nullptr);
-        const LRESULT length = SendMessageW(line, SB_GETTEXTLENGTHW, static_cast<WPARAM>(part), 0);
-        std::wstring text(LOWORD(length) + 1U, L'\0');
-        SendMessageW(line, SB_GETTEXTW, static_cast<WPARAM>(part),
-                     reinterpret_cast<LPARAM>(text.data()));
-        text.resize(LOWORD(length));
-        return text;
-    }
-    // Whether the item of the view menu has its mark, once the menu is asked to come up.
-    bool IsChecked(UINT command) const {
-        const HMENU menu = GetSubMenu(GetMenu(window.Window()), 1);
-        Send(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), 1);
-        return (GetMenuState(menu, command, MF_BYCOMMAND) & MF_CHECKED) != 0;
-    }
-    // The text that the host hands to a combo box for the key in code page 936.
-    std::wstring FillFor(const char* key) const {
-        const LRESULT answer =
-            Send(Registered().ComboBoxAskForExternFill, 0, reinterpret_cast<LPARAM>(key));
-        auto* const text = reinterpret_cast<BSTR>(answer);
-        const std::wstring copy(TextOfBstr(text));
-        SysFreeString(text);
-        return copy;
-    }
-
-    const Session session;
-    const ControlModule module;
-    MessageBoxWatch boxes;
-    HostWindow window;
-};
+using HostWindowTest = WindowDesk;
 
 TEST_F(HostWindowTest, StatusLineTellsTheActiveCell) {
     EXPECT_EQ(StatusPart(0), L"第 1 行 第 1 列");
@@ -122,7 +23,7 @@ TEST_F(HostWindowTest, StatusLineTellsTheActiveCell) {
 }
 
 TEST_F(HostWindowTest, StatusLineTellsTheShownAndTheStoredText) {
-    PutIndexed(L"CellShowFormat", {Variant::Of(2L), Variant::Of(3L), Variant::Of(L"M/YY")});
+    Grid().Put(L"CellShowFormat", Variant::Of(L"M/YY"), {Variant::Of(2L), Variant::Of(3L)});
     PutText(2, 3, L"2024-05-06");
     MoveTo(2, 3);
     const std::wstring shown =
@@ -266,7 +167,7 @@ TEST_F(HostWindowTest, SizeParentWindowTakesPlacesLeftOfTheScreen) {
 }
 
 TEST_F(HostWindowTest, ComboBoxGetsTheParameterOfItsKey) {
-    PutIndexed(L"Param", {Variant::Of(L"币种"), Variant::Of(L"人民币\x0B美元 |~")});
+    Grid().Put(L"Param", Variant::Of(L"人民币\x0B美元 |~"), {Variant::Of(L"币种")});
     EXPECT_EQ(FillFor(CodePage936FromUtf16(u"币种").c_str()), L"人民币\x0B美元 |~");
 }
 

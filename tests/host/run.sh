@@ -10,6 +10,9 @@
 #   stderr: TEXT    text that must be in standard error
 #   args: ...       arguments besides /script
 #   encoding: NAME  the script is handed over in that encoding (MARKED: UTF-8 with its mark)
+#   databases: ...  the databases that it runs over, once each: sqlite, postgres
+#   sql: TEXT       a statement that prepares the empty database, for the database's own client
+# PostgreSQL is the server that VEYGRID_POSTGRES names, as tools/postgres.sh starts it.
 # A script that ends with 0 must have logged "end"; no line may begin with "FAILED".
 set -uo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
@@ -45,7 +48,12 @@ hand_over() {
             MARKED) printf '\xef\xbb\xbf' && encoding=UTF-8 ;;
         esac
         # Behind it, so that the lines of errors are those of the test.
-        cat "$1" "$here/checks.${name##*.}.in" | iconv -f UTF-8 -t "${encoding:-UTF-8}"
+        {
+            cat "$1" "$here/checks.${name##*.}.in"
+            [ -z "$database" ] || cat "$here/data.vbs.in"
+            [ -z "$database" ] || printf 'Function %s()\n%s = "%s"\nEnd Function\n' \
+                Database Database "$database" Dsn Dsn "$(dsn)"
+        } | iconv -f UTF-8 -t "${encoding:-UTF-8}"
     } >"$work/$name"
 }
 
@@ -100,6 +108,67 @@ judge() {
     done < <(expectations stderr "$file")
 }
 
+# The connection string of the database that the test runs over.
+dsn() {
+    case "$database" in
+        sqlite) printf 'Driver=SQLite3;Database=%s' "$work/data.sqlite" ;;
+        postgres) printf '%s' "$VEYGRID_POSTGRES" ;;
+    esac
+}
+# The database's own client, with the statements on standard input.
+client() {
+    case "$database" in
+        sqlite) sqlite3 -batch -bail -cmd '.timeout 20000' "$work/data.sqlite" ;;
+        postgres) PGCLIENTENCODING=UTF8 psql -X -q -A -t -v ON_ERROR_STOP=1 ;;
+    esac
+}
+prepare_database() {
+    rm -f "$work/data.sqlite"
+    [ "$database" != postgres ] || echo 'SET client_min_messages = error; DROP SCHEMA public CASCADE; CREATE SCHEMA public;' | client
+    expectations sql "$1" | client
+}
+# While the script runs, it may ask the client: the statements stand in client.sql when client.ask is
+# there, and the answer in client.out when that is gone.
+serve_client() {
+    while :; do
+        if [ -f "$work/client.ask" ]; then
+            client <"$work/client.sql" >"$work/client.out" 2>&1
+            rm -f "$work/client.ask"
+        fi
+        sleep 0.05
+    done
+}
+
+# run_over DATABASE FILE: the script over that database.
+run_over() {
+    local database=$1 server
+    if [ "$database" = postgres ] && [ -z "${VEYGRID_POSTGRES:-}" ]; then
+        printf 'not run %s: no VEYGRID_POSTGRES\n' "${2##*/} over postgres"
+        return
+    fi
+    rm -f "$work"/client.*
+    if ! prepare_database "$2" >"$work/prepared" 2>&1; then
+        cat "$work/prepared"
+    fi
+    serve_client &
+    server=$!
+    run_test "$2"
+    kill "$server"
+    wait "$server" 2>/dev/null
+}
+
+# run_file FILE: over each database that it names, or once without any.
+run_file() {
+    local database='' names
+    names=$(expectations databases "$1")
+    if [ -z "$names" ]; then
+        run_test "$1"
+    fi
+    for database in $names; do
+        run_over "$database" "$1"
+    done
+}
+
 run_test() {
     local file=$1 name=${1##*/} code=0
     local -a problems=() arguments=()
@@ -109,7 +178,7 @@ run_test() {
     start "${arguments[@]}" /script "$name" || code=$?
     tr -d '\r' <"$work/stdout" >"$work/stdout.plain" && mv "$work/stdout.plain" "$work/stdout"
     judge "$file" "$code"
-    report "$name"
+    report "$name${database:+ over $database}"
 }
 
 # command_line TITLE CODE STDERR ARGUMENT...: a run without a script of this folder.
@@ -135,6 +204,15 @@ command_lines() {
     command_line "an unknown option" 2 "usage: VeyHost.exe" /nonsense
     command_line "a size without height" 2 "wrong option /size" /size 300
     command_line "a locale that is none" 2 "wrong option /locale" /locale nowhere
+    command_line "a statement without a connection" 2 "/sql without /dsn" /sql "SELECT 1"
+    command_line "a database that is not there" 1 "VeyHost: " \
+        /dsn "Driver=SQLite3;Database=/none/none.sqlite;NoCreat=1" /shot none.png
+    command_line "a statement that is refused" 1 "no such table" \
+        /dsn "Driver=SQLite3;Database=$work/empty.sqlite" /sql "SELECT a FROM t" /shot none.png
+    sqlite3 "$work/made.sqlite" "CREATE TABLE 表 (a INTEGER PRIMARY KEY); INSERT INTO 表 VALUES (7)"
+    printf 'If Grid.CellText(1, 1) <> "7" Or Data.RecordCount <> 1 Then Host.Quit 9\n' >"$work/one.vbs"
+    command_line "a query" 0 "" /dsn "Driver=SQLite3;Database=$work/made.sqlite" \
+        /sql "SELECT a FROM 表" /script one.vbs
     command_line "a script that is not there" 1 "cannot read none.vbs" /script none.vbs
     command_line "a file that is not there" 1 "cannot open none.grd" none.grd /shot none.png
     picture=shot.png size="300 200" command_line "a picture" 0 "" /shot shot.png /size 300 200
@@ -164,10 +242,11 @@ if [ $# -gt 0 ]; then
     files=("${@/#/$here/}")
 else
     files=("$here"/*.vbs "$here"/*.js)
+    database=''
     command_lines
 fi
 for file in "${files[@]}"; do
-    run_test "$file"
+    run_file "$file"
 done
 wineserver -w
 printf '%d passed, %d failed\n' "$passed" "$failed"

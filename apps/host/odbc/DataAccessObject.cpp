@@ -9,15 +9,20 @@
 
 namespace veygrid {
 
-DataAccessObject::DataAccessObject(std::shared_ptr<Connection> connection)
-    : m_connection(std::move(connection)) {
+void DataAccessObject::Use(std::shared_ptr<Connection> connection) {
+    m_reader.reset();
+    m_cells.clear();
+    m_error.reset();
+    m_connection = std::move(connection);
     Connected = 1;
-    ResultCells = this;
 }
 
 template <typename Work>
 bool DataAccessObject::Guarded(Work work) {
     m_error.reset();
+    if (m_connection == nullptr) {
+        return false;
+    }
     try {
         work();
         return true;

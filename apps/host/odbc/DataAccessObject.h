@@ -19,10 +19,17 @@ class DataAccessObject final : public DataAccess, private ResultCellMap {
     // What FetchRows fetches where it is asked for -1 rows.
     static constexpr std::int16_t RowsOfBatch = 100;
 
-    explicit DataAccessObject(std::shared_ptr<Connection> connection);
+    // Without a connection every operation fails until Use gives it one.
+    DataAccessObject() { ResultCells = this; }
+    explicit DataAccessObject(std::shared_ptr<Connection> connection) : DataAccessObject() {
+        Use(std::move(connection));
+    }
     DataAccessObject(const DataAccessObject&) = delete;
     DataAccessObject& operator=(const DataAccessObject&) = delete;
     ~DataAccessObject() = default;
+
+    // Works on another connection from now on; what was fetched before is gone.
+    void Use(std::shared_ptr<Connection> connection);
 
     // Runs the query whose rows FetchRows gives, in code page 936 and with date marks. False on a
     // failure.

@@ -1,0 +1,6 @@
+Dim col, line
+Host.Log Data.RecordCount & " " & Grid.MaxRow & " " & Data.ChangeCount & " " & CInt(Grid.Modified)
+For col = 1 To Grid.MaxCol
+    line = line & Grid.ColHeader(col) & "=" & Grid.GetCellFormatText(48, col) & "|"
+Next
+Host.Log line
