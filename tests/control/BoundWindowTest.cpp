@@ -7,6 +7,7 @@
 #include "control/ClassIds.h"
 #include "tests/control/Container.h"
 #include "tests/control/FakeDataset.h"
+#include "tests/control/Handles.h"
 #include "tests/control/OpenDialog.h"
 #include "tests/control/Pixels.h"
 #include "valuetext/CodePage936.h"
@@ -152,11 +153,11 @@ TEST_F(BoundWindow, AFailingPaintLeavesNoDrawingObjectsBehind) {
     Repainted();
     dataset->FailingId = datasetid::GetCellValue;
     Repainted();
-    const DWORD before = GdiObjects();
+    const int before = Handles::GdiObjects();
     for (int i = 0; i < 50; ++i) {
         Repainted();
     }
-    EXPECT_LE(GdiObjects(), before);
+    EXPECT_LE(Handles::GdiObjects(), before);
 }
 
 TEST_F(BoundWindow, AFirstPaintThatFailsStillBringsTheScrollBars) {
@@ -185,7 +186,7 @@ TEST_F(BoundWindow, APictureOfASheetThatCannotBeReadFailsWithTheDatasetsCode) {
                           nullptr, nullptr, 0);
     };
     EXPECT_EQ(drawn(), E_ACCESSDENIED);
-    const DWORD before = GdiObjects();
+    const int before = Handles::GdiObjects();
     for (int i = 0; i < 20; ++i) {
         EXPECT_EQ(drawn(), E_ACCESSDENIED);
         for (const WORD kind : {WORD{CF_METAFILEPICT}, WORD{CF_ENHMETAFILE}}) {
@@ -196,7 +197,7 @@ TEST_F(BoundWindow, APictureOfASheetThatCannotBeReadFailsWithTheDatasetsCode) {
             EXPECT_EQ(data->GetData(&format, &medium), E_ACCESSDENIED);
         }
     }
-    EXPECT_LE(GdiObjects(), before);
+    EXPECT_LE(Handles::GdiObjects(), before);
     dataset->FailingId = 0;
     EXPECT_EQ(drawn(), S_OK);
 }

@@ -11,6 +11,7 @@
 #include "control/Translation.h"
 #include "control/VeyGridEvents.h"
 #include "platform/win32/ole/Module.h"
+#include "tests/control/Handles.h"
 #include "tests/control/MessageLoops.h"
 #include "tests/control/OpenDialog.h"
 #include "tests/control/Pixels.h"
@@ -672,7 +673,7 @@ TEST_F(DataDialog, AnEmptyStatementIsStored) {
 }
 
 TEST_F(DataDialog, SourceWindowsGoWithTheControlUnasked) {
-    const DWORD objects = UserObjects();
+    const Handles before;
     {
         Desk desk;
         desk.OpenSource();
@@ -688,7 +689,9 @@ TEST_F(DataDialog, SourceWindowsGoWithTheControlUnasked) {
         EXPECT_NE(desk.OpenSource(), nullptr);
     }
     EXPECT_THAT(DialogsWith(SourceCaption), IsEmpty());
-    EXPECT_LE(UserObjects(), objects + 2);
+    const Handles after;
+    EXPECT_EQ(after.windows, before.windows);
+    EXPECT_EQ(after.menus, before.menus);
 }
 
 TEST_F(DataDialog, SourceWindowsGoWithTheHostsWindow) {
@@ -748,13 +751,11 @@ TEST_F(DataDialog, ManyDialogsOpenedAndClosedLeaveNoWindowsAndHandles) {
         desk.Command(42316, ParamCaption, [](HWND dialog) { Press(dialog, IDCANCEL); });
     };
     round();
-    const DWORD gdi = GdiObjects();
-    const DWORD user = UserObjects();
+    const Handles before;
     for (int i = 0; i < 10; ++i) {
         round();
     }
-    EXPECT_LE(GdiObjects(), gdi + 2);
-    EXPECT_LE(UserObjects(), user + 2);
+    EXPECT_EQ(Handles(), before);
     EXPECT_THAT(DialogsWith(SourceCaption), IsEmpty());
 }
 
