@@ -249,8 +249,6 @@ std::vector<ColumnInfo> Connection::Describe(std::u16string_view query) try {
     for (int column = 1; column <= count; ++column) {
         columns.push_back(ColumnOf(statement.Get(), column));
     }
-    // PostgreSQL's driver lets go of what it told about a statement that never ran only so.
-    ::SQLFreeStmt(statement.Get(), SQL_CLOSE);
     return columns;
 } catch (const OdbcError& error) {
     Rethrow(error);
