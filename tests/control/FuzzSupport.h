@@ -316,9 +316,9 @@ class CrashTold {
         const auto* const place =
             static_cast<const char*>(pointers->ExceptionRecord->ExceptionAddress);
         HMODULE module = nullptr;
-        ::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
-                                 GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                             reinterpret_cast<const wchar_t*>(place), &module);
+        ::GetModuleHandleExW(
+            GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+            reinterpret_cast<const wchar_t*>(place), &module);
         char name[MAX_PATH] = {};
         ::GetModuleFileNameA(module, name, MAX_PATH);
         std::printf("exception %lX at %s+%llX in VEYGRID_FUZZ_SEED=%u, last call %ld\n",

@@ -61,6 +61,11 @@ class HostileDataset final : public IDispatch {
     }
 
   private:
+    static HRESULT STDMETHODCALLTYPE FillIn(EXCEPINFO* told) {
+        ::SysFreeString(told->bstrSource);
+        told->bstrSource = ::SysAllocString(Words);
+        return S_OK;
+    }
     HRESULT Fail(EXCEPINFO& exception, UINT& wrong) {
         static constexpr HRESULT codes[] = {
             E_FAIL,           E_OUTOFMEMORY,      E_UNEXPECTED,    DISP_E_EXCEPTION,
@@ -73,11 +78,7 @@ class HostileDataset final : public IDispatch {
             exception.scode = m_random.OneIn(2) ? 0 : E_ACCESSDENIED;
         }
         if (m_random.OneIn(4)) {
-            exception.pfnDeferredFillIn = [](EXCEPINFO* told) {
-                ::SysFreeString(told->bstrSource);
-                told->bstrSource = ::SysAllocString(Words);
-                return S_OK;
-            };
+            exception.pfnDeferredFillIn = FillIn;
         }
         return m_random.Of(codes);
     }
