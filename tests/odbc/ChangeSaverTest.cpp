@@ -12,8 +12,8 @@ namespace {
 
 std::u16string Written(const BoundStatement& statement) {
     std::u16string text = statement.text;
-    for (const CellValue& value : statement.values) {
-        text += u" <" + value.value_or(u"NULL") + u">";
+    for (const CellView& value : statement.values) {
+        text += u" <" + std::u16string(value.value_or(u"NULL")) + u">";
     }
     return text;
 }

@@ -58,13 +58,10 @@ inline std::u16string Utf16(const std::string& ascii) {
 // One test's database; all its tables go with it.
 class DatabaseDesk {
   public:
-    explicit DatabaseDesk(Database kind) : m_kind(kind) {}
+    explicit DatabaseDesk(Database kind) : m_kind(kind) { RemoveFile(); }
     DatabaseDesk(const DatabaseDesk&) = delete;
     DatabaseDesk& operator=(const DatabaseDesk&) = delete;
-    ~DatabaseDesk() {
-        std::error_code none;
-        std::filesystem::remove(OwnPath(m_file), none);
-    }
+    ~DatabaseDesk() { RemoveFile(); }
 
     // Why tests of this database cannot run here; empty when they can.
     static std::string Missing(Database kind) {
@@ -95,6 +92,12 @@ class DatabaseDesk {
     }
 
   private:
+    // One may be left of a run that was broken off, under the same number of its process.
+    void RemoveFile() const {
+        std::error_code none;
+        std::filesystem::remove(OwnPath(m_file), none);
+    }
+
     Database m_kind;
     std::string m_file = SystemTemporaryFile("test.db");
 };
@@ -123,7 +126,7 @@ class DatabaseTest : public testing::TestWithParam<Database> {
     bool SQLite() const { return GetParam() == Database::SQLite; }
     const std::shared_ptr<Connection>& Conn() const { return m_connection; }
     DatabaseDesk& Desk() { return *m_desk; }
-    std::int64_t Run(std::u16string text, std::vector<CellValue> values = {}) {
+    std::int64_t Run(std::u16string text, std::vector<CellView> values = {}) {
         return m_connection->Execute({std::move(text), std::move(values)});
     }
     // Either text, as the database at hand wants it.

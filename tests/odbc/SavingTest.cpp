@@ -366,8 +366,9 @@ class RandomSavingTest : public SavingTest {
         }
     }
 
-    static std::string Narrow(const CellValue& value) {
-        return CodePage936FromUtf16(value.value_or(u""));
+    // As the sheet shows it.
+    static std::u16string Shown(const CellValue& value) {
+        return Utf16FromCodePage936(CodePage936FromUtf16(value.value_or(u"")));
     }
     // What saving must make of the stored records; nothing when it must refuse.
     std::optional<Model> Expected() const {
@@ -402,7 +403,8 @@ class RandomSavingTest : public SavingTest {
     static bool Change(Model& model, const Row& row) {
         std::map<int, std::u16string> changes;
         for (const auto& [col, text] : row.pending) {
-            if (Narrow((*row.read)[static_cast<std::size_t>(col - 1)]) != Narrow(text)) {
+            const CellValue& read = (*row.read)[static_cast<std::size_t>(col - 1)];
+            if (read.value_or(u"") != text && Shown(read) != text) {
                 changes[col] = text;
             }
         }

@@ -40,10 +40,16 @@ Refusal RefusalOf(const OdbcError& error, long row, const std::u16string& who,
             lost};
 }
 
-// The sheet holds code page 936: what differs beyond that alone was not typed.
-bool SameToTheSheet(const CellValue& read, const std::u16string& typed) {
-    const std::u16string_view text = read ? std::u16string_view(*read) : u"";
-    return text == typed || CodePage936FromUtf16(text) == CodePage936FromUtf16(typed);
+// Characters that stand in code page 936 for certain.
+bool IsPlain(std::u16string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char16_t c) { return c < 0x80 || (c >= u'\u4E00' && c <= u'\u9FA5'); });
+}
+
+// The sheet shows a text as code page 936 holds it: what reads so was not typed.
+bool SameToTheSheet(std::u16string_view read, std::u16string_view typed) {
+    return read == typed ||
+           (!IsPlain(read) && Utf16FromCodePage936(CodePage936FromUtf16(read)) == typed);
 }
 
 // The places that changed.
@@ -53,9 +59,13 @@ class Changes {
         for (const LogEntry& entry : m_sheet.ModifiedLog()) {
             AddEntry(entry);
         }
+        if (!std::is_sorted(m_changed.begin(), m_changed.end())) {
+            std::sort(m_changed.begin(), m_changed.end());
+        }
         const std::vector<long> pending = m_rows.ChangedRows();
+        const auto middle = static_cast<std::ptrdiff_t>(m_changed.size());
         m_changed.insert(m_changed.end(), pending.begin(), pending.end());
-        std::sort(m_changed.begin(), m_changed.end());
+        std::inplace_merge(m_changed.begin(), m_changed.begin() + middle, m_changed.end());
         m_changed.erase(std::unique(m_changed.begin(), m_changed.end()), m_changed.end());
     }
 
@@ -215,34 +225,34 @@ class Writer {
             m_keys.push_back(static_cast<int>(found - m_target.columns.begin()) + 1);
         }
     }
-    std::vector<ColumnValue> KeyValues(long row, const Record& record) {
-        std::vector<ColumnValue> values;
+    const std::vector<ColumnValue>& KeyValues(long row, const Record& record) {
+        m_keyValues.clear();
         for (const int col : Keys(row)) {
             const CellValue& value = record[static_cast<std::size_t>(col - 1)];
             if (!value) {
                 RefuseColumn(row, Column(col).name, SaveTexts::EmptyKey);
             }
-            values.push_back({&Column(col), value});
+            m_keyValues.push_back({&Column(col), value});
         }
-        return values;
+        return m_keyValues;
     }
 
     void Update(long row, const PendingRows::Texts& texts) {
         const Record& record = m_rows.SourceRecord(row);
-        std::vector<ColumnValue> changed;
-        std::vector<ColumnValue> before;
+        m_changed.clear();
+        m_before.clear();
         for (const auto& [col, text] : texts) {
             const CellValue& read = record[static_cast<std::size_t>(col - 1)];
-            if (!SameToTheSheet(read, text)) {
+            if (!SameToTheSheet(read ? std::u16string_view(*read) : u"", text)) {
                 const ColumnInfo& column = Writable(row, col);
-                changed.push_back({&column, ValueOf(column, text)});
-                before.push_back({&column, read});
+                m_changed.push_back({&column, ValueOf(column, text)});
+                m_before.push_back({&column, read});
             }
         }
-        if (!changed.empty()) {
-            Carry(UpdateText(m_target.table, changed, {KeyValues(row, record), before},
-                             m_target.database),
-                  row, {});
+        if (!m_changed.empty()) {
+            MakeUpdate(m_statement, m_target.table, m_changed, {KeyValues(row, record), m_before},
+                       m_target.database);
+            Carry(row, {});
             ++m_result.updated;
         }
     }
@@ -255,13 +265,14 @@ class Writer {
             }
         }
         if (!values.empty()) {
-            Carry(InsertText(m_target.table, values, m_target.database), row, {});
+            MakeInsert(m_statement, m_target.table, values, m_target.database);
+            Carry(row, {});
             ++m_result.inserted;
         }
     }
     // Whoever deletes a record has seen all of it.
     void Delete(const Record& record) {
-        const std::vector<ColumnValue> keys = KeyValues(0, record);
+        const std::vector<ColumnValue>& keys = KeyValues(0, record);
         std::vector<ColumnValue> others;
         for (std::size_t i = 0; i < m_target.columns.size(); ++i) {
             const ColumnInfo& column = m_target.columns[i];
@@ -269,25 +280,26 @@ class Writer {
                 others.push_back({&column, record[i]});
             }
         }
-        Carry(DeleteText(m_target.table, {keys, others}, m_target.database), 0, keys);
+        MakeDelete(m_statement, m_target.table, {keys, others}, m_target.database);
+        Carry(0, keys);
         ++m_result.deleted;
     }
     static std::u16string NameOfDeleted(const std::vector<ColumnValue>& keys) {
         std::u16string name(SaveTexts::DeletedBegin);
         for (const ColumnValue& key : keys) {
             name += (&key == keys.data() ? u"" : u", ") + key.column->name + u'=' +
-                    key.value.value_or(u"");
+                    std::u16string(key.value.value_or(u""));
         }
         return name += SaveTexts::DeletedEnd;
     }
-    CellValue ValueOf(const ColumnInfo& column, const std::u16string& text) const {
-        return text.empty() && !HoldsText(column, m_target.database) ? CellValue() : text;
+    CellView ValueOf(const ColumnInfo& column, std::u16string_view text) const {
+        return text.empty() && !HoldsText(column, m_target.database) ? CellView() : text;
     }
     // `keys` name a deleted record, which has no row.
-    void Carry(const BoundStatement& statement, long row, const std::vector<ColumnValue>& keys) {
+    void Carry(long row, const std::vector<ColumnValue>& keys) {
         const auto who = [&] { return row > 0 ? NameOfRow(row) : NameOfDeleted(keys); };
         try {
-            const std::int64_t touched = m_transaction.Execute(statement);
+            const std::int64_t touched = m_transaction.Execute(m_statement);
             if (touched != 1) {
                 const auto reason = touched == 0 ? SaveTexts::Changed : SaveTexts::NotUnique;
                 throw Refusal{row, who() + std::u16string(reason), false};
@@ -310,6 +322,11 @@ class Writer {
     PendingRows& m_rows;
     ChangedSheet& m_sheet;
     std::vector<int> m_keys;
+    // Of the present record, kept for their storage.
+    BoundStatement m_statement;
+    std::vector<ColumnValue> m_keyValues;
+    std::vector<ColumnValue> m_changed;
+    std::vector<ColumnValue> m_before;
 };
 
 }  // namespace

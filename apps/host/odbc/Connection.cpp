@@ -57,12 +57,12 @@ SQLINTEGER Length(std::u16string_view text) {
     return static_cast<SQLINTEGER>(text.size());
 }
 
-// Bound values must stay where they are until the statement has run.
-std::vector<SQLLEN> BindValues(const OdbcStatement& statement,
-                               const std::vector<CellValue>& values) {
-    std::vector<SQLLEN> lengths(values.size());
+// Bound values and their lengths must stay where they are until the statement has run.
+void BindValues(const OdbcStatement& statement, const std::vector<CellView>& values,
+                std::vector<SQLLEN>& lengths) {
+    lengths.resize(values.size());
     for (std::size_t i = 0; i < values.size(); ++i) {
-        const std::u16string_view text = values[i] ? std::u16string_view(*values[i]) : u"";
+        const std::u16string_view text = values[i].value_or(u"");
         const auto bytes = static_cast<SQLLEN>(text.size() * sizeof(char16_t));
         lengths[i] = values[i] ? bytes : SQL_NULL_DATA;
         statement.Check(::SQLBindParameter(statement.Get(), static_cast<SQLUSMALLINT>(i + 1),
@@ -70,7 +70,6 @@ std::vector<SQLLEN> BindValues(const OdbcStatement& statement,
                                            std::max<SQLULEN>(text.size(), 1), 0, WideText(text),
                                            bytes, &lengths[i]));
     }
-    return lengths;
 }
 
 std::u16string TextAttribute(SQLHANDLE statement, int column, SQLUSMALLINT attribute) {
@@ -208,7 +207,7 @@ void Connection::EndTransaction(SQLSMALLINT how) {
     SetAutoCommit(true);
 }
 
-OdbcStatement& Connection::Prepared(const std::u16string& text) {
+Connection::PreparedStatement& Connection::Prepared(const std::u16string& text) {
     const auto known = m_prepared.find(text);
     if (known != m_prepared.end()) {
         return known->second;
@@ -218,18 +217,23 @@ OdbcStatement& Connection::Prepared(const std::u16string& text) {
     }
     OdbcStatement made = NewStatement();
     made.Check(::SQLPrepareW(made.Get(), WideText(text), Length(text)));
-    return m_prepared.emplace(text, std::move(made)).first->second;
+    return m_prepared.emplace(text, PreparedStatement{std::move(made)}).first->second;
 }
 
 std::int64_t Connection::Execute(const BoundStatement& statement) try {
-    OdbcStatement& prepared = Prepared(statement.text);
-    const std::vector<SQLLEN> lengths = BindValues(prepared, statement.values);
-    prepared.Check(::SQLExecute(prepared.Get()));
+    PreparedStatement& prepared = Prepared(statement.text);
+    const OdbcStatement& handle = prepared.statement;
+    BindValues(handle, statement.values, m_lengths);
+    handle.Check(::SQLExecute(handle.Get()));
     SQLLEN rows = 0;
-    ::SQLRowCount(prepared.Get(), &rows);
-    ::SQLFreeStmt(prepared.Get(), SQL_CLOSE);
+    ::SQLRowCount(handle.Get(), &rows);
+    if (prepared.columns < 0) {
+        ::SQLNumResultCols(handle.Get(), &prepared.columns);
+    }
     if (!m_inTransaction) {
         m_prepared.clear();
+    } else if (prepared.columns > 0) {
+        ::SQLFreeStmt(handle.Get(), SQL_CLOSE);
     }
     return rows;
 } catch (const OdbcError& error) {
@@ -252,10 +256,11 @@ std::vector<ColumnInfo> Connection::Describe(std::u16string_view query) try {
 
 RowReader Connection::Query(const BoundStatement& query) try {
     OdbcStatement statement = NewStatement();
-    const std::vector<SQLLEN> lengths = BindValues(statement, query.values);
+    std::vector<CellValue> values(query.values.begin(), query.values.end());
+    std::vector<SQLLEN> lengths;
+    BindValues(statement, {values.begin(), values.end()}, lengths);
     statement.Check(::SQLExecDirectW(statement.Get(), WideText(query.text), Length(query.text)));
-    ::SQLFreeStmt(statement.Get(), SQL_RESET_PARAMS);
-    return RowReader(std::move(statement));
+    return RowReader(std::move(statement), std::move(values), std::move(lengths));
 } catch (const OdbcError& error) {
     Rethrow(error);
 }

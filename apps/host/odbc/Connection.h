@@ -15,7 +15,12 @@ using OdbcStatement = OdbcHandle<SQL_HANDLE_STMT>;
 // The rows of one statement, forward only. It must end before its connection does.
 class RowReader {
   public:
-    explicit RowReader(OdbcStatement statement) : m_statement(std::move(statement)) {}
+    // The bound values and their lengths are kept, for a driver may look at them with each row.
+    explicit RowReader(OdbcStatement statement, std::vector<CellValue> values = {},
+                       std::vector<SQLLEN> lengths = {})
+        : m_values(std::move(values)),
+          m_lengths(std::move(lengths)),
+          m_statement(std::move(statement)) {}
 
     // Goes to the next row; false behind the last.
     bool Next();
@@ -25,6 +30,8 @@ class RowReader {
     CellValue Binary(int column);
 
   private:
+    std::vector<CellValue> m_values;
+    std::vector<SQLLEN> m_lengths;
     OdbcStatement m_statement;
     std::u16string m_buffer;
 };
@@ -63,7 +70,12 @@ class Connection final : public SqlRunner {
 
   private:
     OdbcStatement NewStatement() const { return OdbcStatement(m_handle.Get()); }
-    OdbcStatement& Prepared(const std::u16string& text);
+    struct PreparedStatement {
+        OdbcStatement statement;
+        SQLSMALLINT columns = -1;  // of its result; not known before it has run
+    };
+
+    PreparedStatement& Prepared(const std::u16string& text);
     void EndTransaction(SQLSMALLINT how);
     void SetAutoCommit(bool on);
     // The same error, knowing whether the connection went.
@@ -74,7 +86,8 @@ class Connection final : public SqlRunner {
     Database m_kind = Database::SQLite;
     std::u16string m_productName;
     bool m_inTransaction = false;
-    std::map<std::u16string, OdbcStatement> m_prepared;
+    std::map<std::u16string, PreparedStatement> m_prepared;
+    std::vector<SQLLEN> m_lengths;
 };
 
 }  // namespace veygrid

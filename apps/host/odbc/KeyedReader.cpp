@@ -81,7 +81,7 @@ BoundStatement KeyedReader::Statement(const Start& start, bool backwards, long c
     if (start.key != nullptr) {
         made.text +=
             u" WHERE (" + m_keyNames + (backwards ? u") < (" : u") >= (") + m_keyMarks + u")";
-        made.values = *start.key;
+        made.values.assign(start.key->begin(), start.key->end());
     }
     made.text += u" ORDER BY " + (backwards ? m_backwards : m_keyNames) + u" LIMIT " +
                  DecimalText(count) + u" OFFSET " + DecimalText(start.skip);

@@ -49,6 +49,10 @@ class OdbcHandle {
         if (m_handle != nullptr) {
             if constexpr (Kind == SQL_HANDLE_DBC) {
                 ::SQLDisconnect(m_handle);  // one that is not connected only says so
+            } else if constexpr (Kind == SQL_HANDLE_STMT) {
+                // PostgreSQL's driver lets go of what it told about a statement that never ran only
+                // so.
+                ::SQLFreeStmt(m_handle, SQL_CLOSE);
             }
             ::SQLFreeHandle(Kind, m_handle);
             --openOdbcHandles;

@@ -123,6 +123,7 @@ std::vector<long> PendingRows::ChangedRows() const {
     for (const auto& [source, change] : m_changes) {
         rows.push_back(SheetRow(source));
     }
+    std::sort(rows.begin(), rows.end());
     for (long row = LiveRows() + 1; row <= RowCount(); ++row) {
         rows.push_back(row);
     }

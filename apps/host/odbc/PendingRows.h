@@ -3,6 +3,7 @@
 #pragma once
 
 #include <map>
+#include <unordered_map>
 
 #include "apps/host/odbc/Record.h"
 
@@ -58,9 +59,9 @@ class PendingRows {
     std::size_t AppendedIndex(long row) const;
 
     RecordSource& m_source;
-    std::map<long, Change> m_changes;  // by the source's row
-    std::map<long, Record> m_deleted;  // by the source's row
-    std::vector<long> m_deletedRows;   // the same rows, ascending
+    std::unordered_map<long, Change> m_changes;  // by the source's row
+    std::map<long, Record> m_deleted;            // by the source's row
+    std::vector<long> m_deletedRows;             // the same rows, ascending
     std::vector<Texts> m_appended;
     Record m_empty;
 };

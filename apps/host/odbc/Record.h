@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace veygrid {
@@ -10,6 +11,8 @@ namespace veygrid {
 // The text of a cell in UTF-16 as the driver gives it; without a value for NULL.
 using CellValue = std::optional<std::u16string>;
 using Record = std::vector<CellValue>;
+// The same without owning it.
+using CellView = std::optional<std::u16string_view>;
 
 // Stands for the bytes of a binary cell, which are never read.
 inline constexpr std::u16string_view BinaryMark = u"(二进制)";

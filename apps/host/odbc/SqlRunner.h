@@ -9,10 +9,11 @@
 
 namespace veygrid {
 
-// A statement with its values, one for each "?" in their order.
+// A statement with its values, one for each "?" in their order. The texts behind the values must
+// live until it was carried out.
 struct BoundStatement {
     std::u16string text;
-    std::vector<CellValue> values;
+    std::vector<CellView> values;
 };
 
 // Each call throws OdbcError when the database refuses it.

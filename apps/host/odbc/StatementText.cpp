@@ -6,12 +6,13 @@
 namespace veygrid {
 namespace {
 
-std::u16string Literal(std::u16string_view text) {
-    std::u16string literal = u"'";
+// In quotes, those inside doubled.
+void AppendQuoted(std::u16string& to, std::u16string_view text, char16_t quote) {
+    to += quote;
     for (const char16_t c : text) {
-        literal.append(c == u'\'' ? 2 : 1, c);
+        to.append(c == quote ? 2 : 1, c);
     }
-    return literal + u'\'';
+    to += quote;
 }
 
 bool IsDigit(char16_t c) {
@@ -53,13 +54,13 @@ std::u16string IsoDate(std::u16string_view text) {
     return year + u'-' + month + u'-' + day + std::u16string(rest);
 }
 
+// Without regard to the case of the letters A to Z; the parts are in capitals.
 bool Contains(std::u16string_view text, std::initializer_list<std::u16string_view> parts) {
-    std::u16string capitals(text);
-    for (char16_t& c : capitals) {
-        c = c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - u'a' + u'A') : c;
-    }
+    const auto same = [](char16_t one, char16_t capital) {
+        return one == capital || (one >= u'a' && one <= u'z' && one - u'a' + u'A' == capital);
+    };
     return std::any_of(parts.begin(), parts.end(), [&](std::u16string_view part) {
-        return capitals.find(part) != std::u16string::npos;
+        return std::search(text.begin(), text.end(), part.begin(), part.end(), same) != text.end();
     });
 }
 bool IsOneOf(std::u16string_view text, std::initializer_list<std::u16string_view> all) {
@@ -68,10 +69,13 @@ bool IsOneOf(std::u16string_view text, std::initializer_list<std::u16string_view
 
 class Builder {
   public:
-    explicit Builder(Database database) : m_database(database) {}
+    Builder(BoundStatement& made, Database database) : m_database(database), m_made(made) {
+        m_made.text.clear();
+        m_made.values.clear();
+    }
 
     void Add(std::u16string_view text) { m_made.text += text; }
-    void AddName(const ColumnInfo& column) { Add(QuotedName(column.base)); }
+    void AddName(const ColumnInfo& column) { AppendQuoted(m_made.text, column.base, u'"'); }
     void AddValue(const ColumnValue& value) {
         Add(ValueMark(*value.column, m_database));
         m_made.values.push_back(value.value);
@@ -89,7 +93,6 @@ class Builder {
             joint = u" AND ";
         }
     }
-    BoundStatement Take() { return std::move(m_made); }
 
   private:
     void AddCondition(const ColumnValue& condition, bool asText) {
@@ -126,7 +129,7 @@ class Builder {
     }
 
     Database m_database;
-    BoundStatement m_made;
+    BoundStatement& m_made;
 };
 
 }  // namespace
@@ -144,18 +147,17 @@ std::u16string WithoutDateMarks(std::u16string_view statement, Database database
             break;
         }
         result += statement.substr(copied, token.begin - copied);
-        result += Literal(IsoDate(statement.substr(token.begin + 2, end - token.begin - 2)));
+        AppendQuoted(result, IsoDate(statement.substr(token.begin + 2, end - token.begin - 2)),
+                     u'\'');
         copied = end + 2;
     }
     return result.append(statement.substr(copied));
 }
 
 std::u16string QuotedName(std::u16string_view name) {
-    std::u16string quoted = u"\"";
-    for (const char16_t c : name) {
-        quoted.append(c == u'"' ? 2 : 1, c);
-    }
-    return quoted + u'"';
+    std::u16string quoted;
+    AppendQuoted(quoted, name, u'"');
+    return quoted;
 }
 
 std::u16string CountingText(const SelectForm& form) {
@@ -186,9 +188,10 @@ bool HoldsText(const ColumnInfo& column, Database database) {
                    {u"text", u"character varying", u"bpchar", u"name", u"citext"});
 }
 
-BoundStatement UpdateText(std::u16string_view table, const std::vector<ColumnValue>& changes,
-                          const RecordConditions& conditions, Database database) {
-    Builder builder(database);
+void MakeUpdate(BoundStatement& made, std::u16string_view table,
+                const std::vector<ColumnValue>& changes, const RecordConditions& conditions,
+                Database database) {
+    Builder builder(made, database);
     builder.Add(u"UPDATE ");
     builder.Add(table);
     std::u16string_view joint = u" SET ";
@@ -200,12 +203,11 @@ BoundStatement UpdateText(std::u16string_view table, const std::vector<ColumnVal
         joint = u", ";
     }
     builder.AddConditions(conditions);
-    return builder.Take();
 }
 
-BoundStatement InsertText(std::u16string_view table, const std::vector<ColumnValue>& values,
-                          Database database) {
-    Builder builder(database);
+void MakeInsert(BoundStatement& made, std::u16string_view table,
+                const std::vector<ColumnValue>& values, Database database) {
+    Builder builder(made, database);
     builder.Add(u"INSERT INTO ");
     builder.Add(table);
     std::u16string_view joint = u" (";
@@ -221,16 +223,14 @@ BoundStatement InsertText(std::u16string_view table, const std::vector<ColumnVal
         joint = u", ";
     }
     builder.Add(u")");
-    return builder.Take();
 }
 
-BoundStatement DeleteText(std::u16string_view table, const RecordConditions& conditions,
-                          Database database) {
-    Builder builder(database);
+void MakeDelete(BoundStatement& made, std::u16string_view table, const RecordConditions& conditions,
+                Database database) {
+    Builder builder(made, database);
     builder.Add(u"DELETE FROM ");
     builder.Add(table);
     builder.AddConditions(conditions);
-    return builder.Take();
 }
 
 }  // namespace veygrid

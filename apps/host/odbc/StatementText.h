@@ -19,7 +19,7 @@ std::u16string CountingText(const SelectForm& form);
 // A cell of the table for a statement; the column must have its declared type.
 struct ColumnValue {
     const ColumnInfo* column;
-    CellValue value;
+    CellView value;
 };
 
 // The value's mark in a statement: "?" in what turns a text into the column's type.
@@ -30,15 +30,17 @@ bool HoldsText(const ColumnInfo& column, Database database);
 // The conditions that hold for the record as it was read: the keys so that an index serves, the
 // others so that exactly the text that was read counts.
 struct RecordConditions {
-    std::vector<ColumnValue> keys;
-    std::vector<ColumnValue> others;
+    const std::vector<ColumnValue>& keys;
+    const std::vector<ColumnValue>& others;
 };
 
-BoundStatement UpdateText(std::u16string_view table, const std::vector<ColumnValue>& changes,
-                          const RecordConditions& conditions, Database database);
-BoundStatement InsertText(std::u16string_view table, const std::vector<ColumnValue>& values,
-                          Database database);
-BoundStatement DeleteText(std::u16string_view table, const RecordConditions& conditions,
-                          Database database);
+// Each writes over what the statement was.
+void MakeUpdate(BoundStatement& made, std::u16string_view table,
+                const std::vector<ColumnValue>& changes, const RecordConditions& conditions,
+                Database database);
+void MakeInsert(BoundStatement& made, std::u16string_view table,
+                const std::vector<ColumnValue>& values, Database database);
+void MakeDelete(BoundStatement& made, std::u16string_view table, const RecordConditions& conditions,
+                Database database);
 
 }  // namespace veygrid
