@@ -81,12 +81,19 @@ void SheetView::PaintWindow(HDC target, const RECT& bounds, const RECT& invalid)
         const OwnedBrush blank(::CreateSolidBrush(m_colors.m_clrBackground));
         ::FillRect(target, &bounds, blank.Get());
         Changed();
-        if (isFirst || isResized) {
-            UpdateScrollBars();
-        }
+        SettleBars(isFirst || isResized);
         throw;
     }
-    if (isFirst || isResized) {
+    SettleBars(isFirst || isResized);
+}
+
+// The paint itself may have had the size changed by a dataset's code.
+void SheetView::SettleBars(bool isDue) {
+    const bool isResized = std::exchange(m_isFitDue, false);
+    if (isResized) {
+        FitView();
+    }
+    if (isDue || isResized) {
         UpdateScrollBars();
     }
 }

@@ -77,6 +77,7 @@ class SheetView final : public DrawingHost, public ScrollingHost {
   private:
     void Paint(HDC target, const RECT& bounds, const RECT& invalid);
     void FitView();
+    void SettleBars(bool isDue);
     void FillSeams(Surface& surface, const Rect& bounds) const;
     void PaintWindow(HDC target, const RECT& bounds, const RECT& invalid);
     // False when the window must be painted anew.

@@ -1,6 +1,8 @@
 // The commands of the data menu: what they ask the user, and which of them are possible.
 #include "apps/host/DataMenu.h"
 
+#include <algorithm>
+
 #include "apps/host/GridFile.h"
 #include "apps/host/MainMenu.h"
 #include "apps/host/TextDialog.h"
@@ -46,7 +48,12 @@ void DataMenu::Prepare(HMENU menu) const {
 }
 
 bool DataMenu::MayLeave() {
-    const long changes = m_session.ChangeCount();
+    if (!m_session.Finish()) {
+        Tell(false);
+        return false;
+    }
+    const bool hasUnknown = m_session.HasQuery() && !m_session.Problem().empty();
+    const long changes = std::max(m_session.ChangeCount(), hasUnknown ? 1L : 0L);
     if (changes == 0) {
         return true;
     }
@@ -56,6 +63,9 @@ bool DataMenu::MayLeave() {
         const bool isSaved = m_session.Save();
         Tell(isSaved);
         return isSaved;
+    }
+    if (answer == IDNO) {
+        m_session.LeaveRecordsOut();
     }
     return answer == IDNO;
 }

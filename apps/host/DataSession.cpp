@@ -28,6 +28,7 @@ constexpr const wchar_t* NotConnected = L"没有连接数据库。";
 constexpr const wchar_t* NoQuery = L"没有查询。";
 constexpr const wchar_t* NoStatement = L"没有查询语句。";
 constexpr const wchar_t* NoSuchRecord = L"没有这条记录。";
+constexpr const wchar_t* NoMemory = L"内存不足";
 constexpr const wchar_t* NoRows = L"语句已执行,没有返回记录。";
 
 std::wstring Wide(std::u16string_view text) {
@@ -105,6 +106,8 @@ bool DataSession::Try(const Work& work) {
         return Refuse(Wide(error.Text()));
     } catch (const ComFault& fault) {
         return Refuse(fault.what + L"\n" + ErrorText(fault.result));
+    } catch (const std::exception&) {
+        return Refuse(NoMemory);
     }
 }
 
@@ -171,7 +174,7 @@ void DataSession::Show(ComPtr<QueryDataset> dataset, const std::wstring& stateme
     m_dataset = std::move(dataset);
     m_statement = statement;
     m_isModified = m_sheet->IsModified();
-    m_isDirty = false;
+    m_unknownWrites = 0;
     m_sheet->Bind(m_dataset.Get());
     if (const long mode = m_sheet->LogMode(); mode == LogNothing || mode == LogRows) {
         m_sheet->SetLogMode(LogCells);
@@ -195,6 +198,28 @@ void DataSession::DescribeColumns() {
     }
 }
 
+// What cannot be taken over, as without a connection, must not hold the user.
+bool DataSession::Finish() {
+    bool isRefused = false;
+    if (HasQuery()) {
+        Try([&] {
+            isRefused = !m_sheet->EndEdit();
+            if (isRefused) {
+                return Refuse(EditRefused);
+            }
+            LookAtSheet(true);
+            return true;
+        });
+    }
+    return !isRefused;
+}
+
+void DataSession::LeaveRecordsOut() {
+    if (HasQuery()) {
+        m_sheet->SetModified(m_isModified);
+    }
+}
+
 void DataSession::LeaveQuery() {
     if (!HasQuery()) {
         return;
@@ -204,6 +229,7 @@ void DataSession::LeaveQuery() {
     try {
         m_sheet->ForgetTyped();
         m_sheet->Bind(nullptr);
+        m_sheet->SetModified(m_isModified);
     } catch (const ComFault& fault) {
         Refuse(fault.what + L"\n" + ErrorText(fault.result));
     }
@@ -244,8 +270,9 @@ bool DataSession::DeleteRecord(long row) {
             return Refuse(NoSuchRecord);
         }
         m_sheet->RemoveRow(row);
-        if (const SheetCell active = m_sheet->ActiveCell(); active.first > RecordCount()) {
-            m_sheet->GoTo({RecordCount(), active.second});
+        const SheetCell active = m_sheet->ActiveCell();
+        if (const long last = RecordCount(); last > 0 && active.first > last) {
+            m_sheet->GoTo({last, active.second});
         }
         return true;
     });
@@ -287,7 +314,7 @@ bool DataSession::RollBack() {
 
 // The sheet shows the dataset's rows even when they cannot be read.
 void DataSession::ReadAgain() {
-    m_isDirty = false;
+    m_unknownWrites = 0;
     try {
         m_dataset->Reload();
     } catch (const OdbcError&) {
@@ -346,7 +373,7 @@ void DataSession::OnEvent(const std::wstring& event, const DISPPARAMS& parameter
             return true;
         });
     } else if (event == L"Modified" || event == L"CellsMove") {
-        m_isDirty = true;
+        ++m_unknownWrites;
     }
 }
 
@@ -357,11 +384,13 @@ void DataSession::Settle(bool isTextNext) {
     m_isSettling = true;
     m_candidate.reset();
     try {
-        LookAtSheet(m_isDirty && !isTextNext);
+        LookAtSheet(m_unknownWrites > 0 && !isTextNext);
     } catch (const OdbcError& error) {
         m_untold = Wide(error.Text());
     } catch (const ComFault& fault) {
         m_untold = fault.what + L"\n" + ErrorText(fault.result);
+    } catch (const std::exception&) {
+        m_untold = NoMemory;
     }
     if (!m_untold.empty()) {
         m_problem = std::exchange(m_untold, {});
@@ -374,8 +403,8 @@ void DataSession::LookAtSheet(bool isThorough) {
     if (!IsInStep(isThorough)) {
         BringInStep();
     } else if (isThorough) {
-        const bool wasDirty = std::exchange(m_isDirty, false);
-        if (!TakeLoggedTexts() && wasDirty) {
+        // What was written beside the records changed the sheet itself.
+        if (std::exchange(m_unknownWrites, 0) > TakeLoggedTexts()) {
             m_isModified = m_sheet->IsModified();
         }
         KeepKeyFlags();
@@ -383,7 +412,7 @@ void DataSession::LookAtSheet(bool isThorough) {
 }
 
 void DataSession::BringInStep() {
-    m_isDirty = false;
+    m_unknownWrites = 0;
     m_untold = OutOfStep;
     if (m_sheet->DataSource() != m_statement) {
         m_sheet->SetDataSource(m_statement);
@@ -433,18 +462,18 @@ std::vector<BoundSheet::Typed> DataSession::PendingTexts() const {
     return texts;
 }
 
-bool DataSession::TakeLoggedTexts() {
+long DataSession::TakeLoggedTexts() {
     std::vector<SheetCell> cells = m_sheet->LoggedCells();
     std::erase_if(cells, [this](const SheetCell& cell) { return !HasCell(cell); });
     if (cells.empty()) {
-        return false;
+        return 0;
     }
     const long before = ChangeCount();
     const std::vector<std::wstring> texts = m_sheet->TypedTexts(cells);
     for (std::size_t index = 0; index < cells.size(); ++index) {
         TakeText(cells[index], texts[index]);
     }
-    return ChangeCount() != before;
+    return ChangeCount() - before;
 }
 
 bool DataSession::HasCell(SheetCell cell) const {

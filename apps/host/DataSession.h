@@ -44,6 +44,11 @@ class DataSession : private ChangedSheet {
     // lost. A statement that is no query is carried out and leaves what is on view.
     bool RunQuery(const std::wstring& statement);
     bool HasQuery() const { return m_dataset != nullptr; }
+    // Ends an edit in a cell, so that all changes are known; a problem tells of those that are not.
+    // False when its text is refused.
+    bool Finish();
+    // Lets the sheet's modified flag tell of the sheet itself and not of its records.
+    void LeaveRecordsOut();
     // Takes the query off the sheet, with its changes.
     void LeaveQuery();
 
@@ -94,8 +99,8 @@ class DataSession : private ChangedSheet {
     void BringInStep();
     void KeepKeyFlags();
     std::vector<BoundSheet::Typed> PendingTexts() const;
-    // Whether there were any that were not known.
-    bool TakeLoggedTexts();
+    // How many of them were not known.
+    long TakeLoggedTexts();
     bool HasCell(SheetCell cell) const;
     void TakeText(SheetCell cell, const std::wstring& text);
 
@@ -110,8 +115,9 @@ class DataSession : private ChangedSheet {
     std::vector<long> m_keyFlags;  // of the columns, as they were when the sheet was in step
     SheetCell m_edited;            // where the open edit began
     std::optional<BoundSheet::Typed>
-        m_candidate;         // a typed text that the control has not taken yet
-    bool m_isDirty = false;  // something may have been written that is not taken over yet
+        m_candidate;  // a typed text that the control has not taken yet
+    // How often something was written that is not taken over yet.
+    long m_unknownWrites = 0;
     bool m_isSettling = false;
     bool m_isModified = false;  // the sheet apart from its records
 };

@@ -22,6 +22,10 @@ void TellTrouble(HWND owner, const std::wstring& text) {
     MessageBoxW(owner, text.c_str(), BoxCaption, MB_OK | MB_ICONHAND);
 }
 
+void TellNotice(HWND owner, const std::wstring& text) {
+    MessageBoxW(owner, text.c_str(), BoxCaption, MB_OK | MB_ICONINFORMATION);
+}
+
 int AskUser(HWND owner, const std::wstring& question) {
     return MessageBoxW(owner, question.c_str(), BoxCaption, MB_YESNOCANCEL | MB_ICONQUESTION);
 }

@@ -36,6 +36,8 @@ class GridFile {
 
 // The box in which the host tells of a failure.
 void TellTrouble(HWND owner, const std::wstring& text);
+// The same for what the user must know.
+void TellNotice(HWND owner, const std::wstring& text);
 // The host's question what to do with changes: IDYES to save them, IDNO or IDCANCEL.
 int AskUser(HWND owner, const std::wstring& question);
 

@@ -47,7 +47,7 @@ HostWindow::HostWindow(const ControlModule& module, LCID locale)
     : m_module(module), m_locale(locale), m_data([this](const std::wstring& text) {
           // A script reads it from the session.
           if (!m_isScripted) {
-              TellTrouble(m_window, text);
+              TellNotice(m_window, text);
           }
       }) {}
 

@@ -31,6 +31,10 @@ class DataMenuTest : public WindowDesk {
         Grid().Call(L"ModifyCellText", {Variant::Of(row), Variant::Of(column), Variant::Of(text)});
         window.Data().Settle();
     }
+    void SetUnmodified() {
+        Grid().Put(L"Modified", Variant::Of(false));
+        window.Data().Settle();
+    }
     std::wstring Text(long row, long column) const {
         return Grid().Get(L"CellText", {Variant::Of(row), Variant::Of(column)}).Text();
     }
@@ -79,9 +83,8 @@ TEST_F(DataMenuTest, AStatementWithoutRowsIsCarriedOutAndLeavesWhatIsOnView) {
 
 TEST_F(DataMenuTest, ANewSheetAsksAboutChangesAndLetsTheQueryGo) {
     ConnectAndQuery();
-    Grid().Put(L"Modified", Variant::Of(false));
+    SetUnmodified();
     Modify(1, 2, L"丙");
-    Grid().Put(L"Modified", Variant::Of(false));
     boxes.QueueAnswer(L"cancel");
     Choose(CommandNew);
     EXPECT_THAT(boxes.Take(), ElementsAre(HasSubstr(L"1 处修改尚未保存到数据库")));
@@ -92,6 +95,19 @@ TEST_F(DataMenuTest, ANewSheetAsksAboutChangesAndLetsTheQueryGo) {
     EXPECT_FALSE(window.Data().HasQuery());
     EXPECT_TRUE(window.Data().IsConnected());
     EXPECT_EQ(Grid().Get(L"MaxRow").Number(), 50);
+}
+
+TEST_F(DataMenuTest, TheSheetItselfIsModifiedByItsLayoutAndNotByRecords) {
+    ConnectAndQuery();
+    SetUnmodified();
+    Modify(1, 2, L"丙");
+    EXPECT_TRUE(window.Data().Save());
+    EXPECT_FALSE(Grid().Get(L"Modified").Truth());
+    Grid().Put(L"ColWidth", Variant::Of(99L), {Variant::Of(1L)});
+    window.Data().Settle();
+    Modify(1, 2, L"丁");
+    EXPECT_TRUE(window.Data().Save());
+    EXPECT_TRUE(Grid().Get(L"Modified").Truth());
 }
 
 TEST_F(DataMenuTest, AFailingCommandIsTold) {

@@ -42,6 +42,22 @@ Host.Key 116
 Check "asked", Lines(Host.Boxes), Question & "yes]"
 Check "saved and queried again", Client("SELECT 名 FROM 单 WHERE 号 = 1") & Grid.CellText(1, 2), "丙丙"
 
+' A text that is still being typed counts.
+Grid.SetActiveCell 2, 2
+Host.TypeText "己"
+Host.Answer "no"
+Host.Key 116
+Check "an open edit is asked about", Lines(Host.Boxes), Question & "no]"
+Check "and gone with the answer", Grid.CellText(2, 2) & Grid.EndEdit(), "乙1"
+Grid.SetActiveCell 2, 1
+Host.TypeText "x"
+Host.Key 116
+Check "a text that is refused keeps the user", InStr(Lines(Host.Boxes), "正在编辑的单元格内容无效") > 0, True
+Host.Key 8
+Host.TypeText "2"
+Host.Key 13
+Check "the same text again is no change", Data.ChangeCount, 0
+
 Grid.SaveFile "data.grd"
 Grid.Modified = False
 TypeInto 1, 2, "丁"
