@@ -19,8 +19,7 @@ If Not Data.RunQuery("SELECT 序号, 日期, 凭证号, 摘要, 科目, 借方�
     "COALESCE(借方金额, 贷方金额) AS 大写金额, 制单 FROM 凭证 ORDER BY 序号") Then Fail
 
 SetUpSheet
-' 光标停在第一条分录的摘要上。打开这个文件时，如果已连接数据库，就执行其中的语句。
-Grid.SetActiveCell 1, Summary
+' 打开这个文件时，如果已连接数据库，就执行其中的语句。
 Grid.RunQueryAfterSerialize = True
 If Not Grid.SaveFile("journal.grd") Then Host.Quit 1
 

@@ -17,8 +17,7 @@ If Not Data.Connect("Driver=SQLite3;Database=" & Folder() & "/staff.sqlite") The
 If Not Data.RunQuery("SELECT 工号, 姓名, 性别, 部门, 职务, 入职日期, 月薪, 备注 FROM 员工 ORDER BY 工号") Then Fail
 
 SetUpSheet
-' 光标停在第一位员工的姓名上。打开这个文件时，如果已连接数据库，就执行其中的语句。
-Grid.SetActiveCell 1, Name
+' 打开这个文件时，如果已连接数据库，就执行其中的语句。
 Grid.RunQueryAfterSerialize = True
 If Not Grid.SaveFile("staff.grd") Then Host.Quit 1
 

@@ -16,7 +16,6 @@ widths = Array(130, 300, 110, 90, 80, 70)
 For col = 1 To 6
     Grid.ColWidth(col) = widths(col - 1)
 Next
-Grid.SetActiveCell 1, 2
 Grid.RunQueryAfterSerialize = True
 If Not Grid.SaveFile("villages.grd") Then Host.Quit 1
 
