@@ -3,14 +3,14 @@
 ' databases: sqlite postgres
 ' sql: CREATE TABLE 物 (号 INTEGER PRIMARY KEY, 名 TEXT, 量 INTEGER);
 ' sql: INSERT INTO 物 VALUES (1, '甲', 10), (2, '乙', 20), (3, '丙', 30), (4, '丁', 40), (5, '戊', 50);
-Const Told = "表页的行列与数据库的记录不再对应,已按记录恢复;已做的修改都还在。"
+Const OutOfStep = "表页的行列与数据库的记录不再对应,已按记录恢复;已做的修改都还在。"
 Const Key2 = 46
 Query "SELECT 号, 名, 量 FROM 物 ORDER BY 号"
 TypeInto 2, 2, "乙乙"
 TypeInto 4, 2, "丁丁"
 ' Whatever happened to the sheet, it is as it was, and so are the changes.
 Sub Restored(what)
-    Check what & ": told", Left(Data.Problem, Len(Told)), Told
+    Check what & ": told", Left(Data.Problem, Len(OutOfStep)), OutOfStep
     Check what & ": rows and columns", Grid.MaxRow & "," & Grid.MaxCol, "5,3"
     Check what & ": texts", Grid.CellText(2, 2) & Grid.CellText(4, 2) & Grid.CellText(5, 1), "乙乙丁丁5"
     Check what & ": log", Log(), "(4,2)(2,2)"
