@@ -32,7 +32,7 @@ constexpr wchar_t AddQuestion[] = L"该参数不存在,是否增加该参数?";
 
 class CDataCtrlDlg final : public ModalDialog {
   public:
-    explicit CDataCtrlDlg(const DataCtrlChoice& choice) : m_choice(choice) {}
+    explicit CDataCtrlDlg(DataCtrlChoice choice) : m_choice(std::move(choice)) {}
 
     const DataCtrlChoice& Choice() const { return m_choice; }
 
