@@ -1,6 +1,8 @@
 // The modal data dialogs: 2306 for the data side of formats, and 2316 for the parameters.
 #include "control/DataDialogs.h"
 
+#include <utility>
+
 #include "binding/ParamEditing.h"
 #include "control/MessageBox.h"
 #include "control/ModalDialog.h"
