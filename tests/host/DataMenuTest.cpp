@@ -15,12 +15,6 @@ constexpr int DataMenuPlace = 2;
 
 class DataMenuTest : public WindowDesk {
   protected:
-    // Not every machine that runs x86 programs has a driver for them.
-    void SetUp() override {
-        if (sizeof(void*) == 4 && !window.Connect(InMemory)) {
-            GTEST_SKIP() << "no SQLite driver for this program";
-        }
-    }
     void ConnectAndQuery() {
         ASSERT_TRUE(window.Connect(InMemory));
         ASSERT_TRUE(window.RunQuery(L"CREATE TABLE 表 (号 INTEGER PRIMARY KEY, 名 TEXT NOT NULL)"));

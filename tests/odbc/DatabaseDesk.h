@@ -65,9 +65,6 @@ class DatabaseDesk {
 
     // Why tests of this database cannot run here; empty when they can.
     static std::string Missing(Database kind) {
-        if (sizeof(void*) == 4) {
-            return "there are no 32-bit ODBC drivers here";
-        }
         if (kind == Database::PostgreSQL && std::getenv("VEYGRID_POSTGRES") == nullptr) {
             return "VEYGRID_POSTGRES tells no connection string";
         }
