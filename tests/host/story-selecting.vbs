@@ -70,6 +70,37 @@ Told "Shift and Ctrl on column headers", Array( _
     "grid WM_KEYDOWN 17", "KeyDown(17, 2)", "grid WM_LBUTTONDOWN 560,8", _
     "grid WM_LBUTTONUP 560,8", "MouseUp(1, 2, 560, 8)", "KeyUp(17, 0)")
 Check "add columns", Selected(), "(0,4,0,4)(0,4,0,6)(0,9,0,9)"
+Host.Click 10, MiddleY(4)
+Host.Pump 0
+Host.Story
+Host.Click 10, MiddleY(6), 1
+Host.Click 10, MiddleY(9), 2
+Host.Pump 0
+Told "Shift and Ctrl on row headers", Array( _
+    "grid WM_KEYDOWN 16", "KeyDown(16, 1)", "grid WM_LBUTTONDOWN 10,130", _
+    "grid WM_LBUTTONUP 10,130", "MouseUp(1, 1, 10, 130)", "KeyUp(16, 0)", "grid WM_PAINT", _
+    "grid WM_KEYDOWN 17", "KeyDown(17, 2)", "grid WM_LBUTTONDOWN 10,190", _
+    "grid WM_LBUTTONUP 10,190", "MouseUp(1, 2, 10, 190)", "KeyUp(17, 0)")
+Check "add rows", Selected() & Active(), "(4,0,4,0)(4,0,6,0)(9,0,9,0)4,4"
+Host.Click 10, 8, 1
+Host.Pump 0
+Told "Shift on the corner", Array( _
+    "grid WM_KEYDOWN 16", "KeyDown(16, 1)", "grid WM_LBUTTONDOWN 10,8", _
+    "grid WM_LBUTTONUP 10,8", "MouseUp(1, 1, 10, 8)", "KeyUp(16, 0)")
+Check "is a press on the corner", Selected() & Active(), "(-1,-1,-1,-1)4,4"
+Host.Click MiddleX(2), MiddleY(2)
+Host.Pump 0
+Host.Story
+Host.Click 10, 8, 2
+Host.Pump 0
+Told "Ctrl on the corner", Array( _
+    "grid WM_KEYDOWN 17", "KeyDown(17, 2)", "grid WM_LBUTTONDOWN 10,8", _
+    "grid WM_LBUTTONUP 10,8", "MouseUp(1, 2, 10, 8)", "KeyUp(17, 0)", "grid WM_PAINT")
+Check "is one too", Selected() & Active(), "(-1,-1,-1,-1)2,2"
+Host.Click 10, 8, 3
+Host.Pump 0
+Check "and both", Selected(), "(-1,-1,-1,-1)"
+Host.Story
 Host.Click 10, 8
 Host.Pump 0
 Told "the corner moves no cell", Array( _
