@@ -5,13 +5,15 @@ Dim clean, line
 Function RowRim(row)
     Dim y
     For y = 20 + (row - 1) * 20 - 2 To 20 + (row - 1) * 20 + 1
-        RowRim = RowRim & Hex(Host.Pixel(MiddleX(7), y)) & " " & Hex(Host.Pixel(MiddleX(7) + 1, y)) & " "
+        RowRim = RowRim & Hex(Host.Pixel(MiddleX(7), y)) & " " & _
+            Hex(Host.Pixel(MiddleX(7) + 1, y)) & " "
     Next
 End Function
 Function ColRim(col)
     Dim x
     For x = 50 + (col - 1) * 60 - 2 To 50 + (col - 1) * 60 + 1
-        ColRim = ColRim & Hex(Host.Pixel(x, MiddleY(12))) & " " & Hex(Host.Pixel(x, MiddleY(12) + 1)) & " "
+        ColRim = ColRim & Hex(Host.Pixel(x, MiddleY(12))) & " " & _
+            Hex(Host.Pixel(x, MiddleY(12) + 1)) & " "
     Next
 End Function
 Function FirstHalf(text)
@@ -31,7 +33,20 @@ Function Across(row)
         Across = Across & Right("-" & Grid.CellText(row, line), 1)
     Next
 End Function
+' How many colours of the second text are others than in the first. Of two lines of dots, each has
+' one among two pixels beside one another.
+Function Changed(before, after)
+    Dim old, now, at
+    old = Split(before)
+    now = Split(after)
+    Changed = 0
+    For at = 0 To UBound(old)
+        If old(at) <> now(at) Then Changed = Changed + 1
+    Next
+End Function
 EvenSheet 30, 12
+' Sizes alone paint nothing.
+Grid.ClearRange -1, -1, -1, -1, 0
 For line = 1 To 9
     Grid.CellText(line, 8) = line
 Next
@@ -44,10 +59,10 @@ Host.Press MiddleX(1), MiddleY(3) - 9
 Host.Move MiddleX(1), MiddleY(5)
 Told "a frame of rows that is dragged tells nothing", Array( _
     "cursor 30987", "grid WM_LBUTTONDOWN 80,61", "cursor 32512")
-Check "it is drawn over the width of the sheet", RowRim(5) = FirstHalf(clean), False
+Check "it is drawn over the width of the sheet", Changed(FirstHalf(clean), RowRim(5)), 2
 Host.Move MiddleX(1), MiddleY(8)
 Check "it follows and leaves the picture as it was", RowRim(5), FirstHalf(clean)
-Check "and is seen there", RowRim(8) = SecondHalf(clean), False
+Check "and is seen there", Changed(SecondHalf(clean), RowRim(8)), 2
 Host.Release MiddleX(1), MiddleY(8), 2
 Host.Pump 0
 Told "Ctrl at the release", Array( _
@@ -72,10 +87,10 @@ Host.Press 50 + 2 * 60 + 1, MiddleY(1)
 Host.Move MiddleX(5), MiddleY(1)
 Told "a frame of columns tells nothing", Array( _
     "cursor 30987", "grid WM_LBUTTONDOWN 171,30", "cursor 32512")
-Check "it is drawn over the height of the sheet", ColRim(5) = FirstHalf(clean), False
+Check "it is drawn over the height of the sheet", Changed(FirstHalf(clean), ColRim(5)), 2
 Host.Move MiddleX(8), MiddleY(1)
 Check "it too leaves the picture as it was", ColRim(5), FirstHalf(clean)
-Check "and is seen further on", ColRim(8) = SecondHalf(clean), False
+Check "and is seen further on", Changed(SecondHalf(clean), ColRim(8)), 2
 Host.Release MiddleX(8), MiddleY(1), 2
 Host.Pump 0
 Told "Ctrl at its release", Array( _
