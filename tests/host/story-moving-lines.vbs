@@ -175,4 +175,20 @@ Host.Press 50 + 8 * 60 + 1, MiddleY(5)
 Host.Move MiddleX(4), 400
 Host.Release MiddleX(4), 400
 Check "below it, to the end of the column", Grid.CellText(10, 4) & Active(), "b10,4"
+Host.Click 10, MiddleY(4)
+Grid.CellText(4, 6) = "c"
+Host.Pump 0
+Host.Press MiddleX(1), MiddleY(4) - 9
+Host.Move MiddleX(1), 400
+Host.Release MiddleX(1), 400
+Check "a row below the sheet becomes its last", Grid.CellText(10, 6) & Grid.CellText(9, 4) & Selected(), _
+    "cb(10,0,10,0)"
+Host.Click MiddleX(4), 8
+Grid.CellText(6, 4) = "d"
+Host.Pump 0
+Host.Press 50 + 3 * 60 + 1, MiddleY(1)
+Host.Move 700, MiddleY(1)
+Host.Release 700, MiddleY(1)
+Check "and a column beside it the last column", Grid.CellText(6, 9) & Grid.CellText(9, 9) & Selected(), _
+    "db(0,9,0,9)"
 Host.Log "end"
