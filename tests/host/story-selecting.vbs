@@ -1,4 +1,5 @@
 ' Selections by the mouse; from the press to the release nothing is painted.
+
 ' What is due is painted, however busy the machine is: a picture is taken of it.
 Sub Settle()
     Host.Pump 0
