@@ -1,4 +1,4 @@
-' The menu as it comes: its items in their order, its sub-pop-up, its marks.
+' The menu as it comes: its items in their order and its sub-pop-up.
 Const KeyUp = 38
 Const KeyDown = 40
 Const KeyRight = 39

@@ -35,6 +35,8 @@ Check "Tab: no move", Active(), "3,2"
 Host.Click 300, 200
 Check "a press: the box", Lines(Host.Boxes), Box
 Check "a press: dropped", Active(), "3,2"
+Host.Click 792, 300
+Check "a scroll: the box", Lines(Host.Boxes), Box
 Taken
 Host.TypeText "y"
 Check "EndEdit gives 0 and shows nothing", Grid.EndEdit() & Lines(Host.Boxes), "0"
@@ -58,12 +60,17 @@ Host.Click 300, 200
 Check "on a press", Lines(Host.Boxes), Box
 Host.Click 20, 10
 Check "on a header", Lines(Host.Boxes), Box
+Host.Click 792, 300
+Check "on a scroll", Lines(Host.Boxes), Box
 Check "no move", Active(), "4,2"
-Check "each time one event", Taken(), "end 4,2=7;end 4,2=7;end 4,2=7;end 4,2=7;"
+Check "each time one event", Taken(), "end 4,2=7;end 4,2=7;end 4,2=7;end 4,2=7;end 4,2=7;"
 Check "the cell is empty still", Grid.CellText(4, 2), ""
 vetoes = False
 Host.Key 13
 Check "let go, it commits", Grid.CellText(4, 2), "7"
+Host.Click 80, 20 + 21
+Check "nothing scrolled", Active(), "2,1"
+Grid.SetActiveCell 5, 2
 
 ' A character that the sheet cannot hold.
 Host.TypeText "a😀"

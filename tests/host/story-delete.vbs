@@ -21,6 +21,7 @@ Function Texts()
         Texts = Texts & "/"
     Next
 End Function
+Dim plain, red
 EvenSheet 50, 8
 Host.Pump 0
 Host.Watch
@@ -52,12 +53,24 @@ Host.Key DeleteKey
 Told "a column", Array("Modified", "KeyUp(46, 0)")
 Check "goes too", Texts(), "11 12 14 15 16 -- /21 22 24 25 26 -- /31 32 34 35 36 -- /41 42 44 45 46 -- /51 52 54 55 56 -- /61 62 64 65 66 -- /"
 Fill
+Grid.MaxRow = 40
+Grid.MaxCol = 7
+Set plain = Grid.CellFormat(4, 4)
+Set red = Grid.CellFormat(4, 4)
+red.Background = RGB(255, 0, 0)
+red.ReadOnly = True
+Grid.CellFormat(3, 3) = red
 Host.Click 10, 8
+Host.Pump 0
+Check "a cell of its own format", Grid.CellFormat(3, 3).ReadOnly & Grid.CellFormat(3, 3).Background, "1255"
 Host.Story
 Host.Key DeleteKey
 Told "the whole sheet", Array("Modified", "KeyUp(46, 0)")
-Check "is empty and keeps its rows: 50, but one for the row and one for the column", _
-    Texts() & Grid.MaxRow, "-- -- -- -- -- -- /-- -- -- -- -- -- /-- -- -- -- -- -- /-- -- -- -- -- -- /-- -- -- -- -- -- /-- -- -- -- -- -- /48"
+Check "its texts go", Texts(), "-- -- -- -- -- -- /-- -- -- -- -- -- /-- -- -- -- -- -- /-- -- -- -- -- -- /-- -- -- -- -- -- /-- -- -- -- -- -- /"
+Check "its formats too", Grid.CellFormat(3, 3).ReadOnly & Grid.CellFormat(3, 3).Background, _
+    plain.ReadOnly & plain.Background
+Check "its rows and columns stay", Grid.MaxRow & "," & Grid.MaxCol, "40,7"
+Check "and so does its selection", Selected(), "(-1,-1,-1,-1)"
 Fill
 Host.Click MiddleX(1), MiddleY(1)
 Host.Click MiddleX(3), MiddleY(3), 2

@@ -53,6 +53,29 @@ Told "the left band of the first column", Array( _
     "cursor 32644", "grid WM_LBUTTONDOWN 51,8", "grid WM_LBUTTONUP 70,8", "Modified", _
     "MouseUp(1, 0, 70, 8)")
 Check "sizes the row headers", Grid.RowHeaderWidth, 70
+Grid.RowHeaderWidth = 50
+Grid.ColHeaderHeight = 20
+Grid.ShowColHeaders = False
+Host.Move MiddleX(5), MiddleY(9)
+Host.Pump 0
+Host.Story
+Drag 10, 1, 10, 12
+Told "the top band without column headers", Array( _
+    "cursor 32645", "grid WM_LBUTTONDOWN 10,1", "grid WM_LBUTTONUP 10,12", _
+    "MouseUp(1, 0, 10, 12)")
+Check "sizes nothing", Grid.ColHeaderHeight & "," & Grid.RowHeight(1), "20,20"
+Grid.ShowColHeaders = True
+Grid.ShowRowHeaders = False
+Host.Move MiddleX(5), MiddleY(9)
+Host.Pump 0
+Host.Story
+Drag 1, 8, 22, 8
+Told "the left band without row headers", Array( _
+    "cursor 32644", "grid WM_LBUTTONDOWN 1,8", "grid WM_LBUTTONUP 22,8", "MouseUp(1, 0, 22, 8)")
+Check "sizes nothing either", Grid.RowHeaderWidth & "," & Grid.ColWidth(1), "50,60"
+Grid.ShowRowHeaders = True
+Grid.ColHeaderHeight = 32
+Host.Pump 0
 Grid.AllowResize = False
 Host.Story
 Drag 10, 32 + 19, 10, 32 + 30
