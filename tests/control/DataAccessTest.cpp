@@ -173,6 +173,7 @@ TEST(DataAccessOfAHost, AHostThatDoesNotAnswerAskForLeavesDataAccessNullAndNothi
 }
 
 TEST_F(DataLayer, WhileRowsCompleteStaysSetNothingOfTheObjectIsCalled) {
+    const NoDialog box;
     ASSERT_TRUE(made.Query().RowsComplete);
     for (const int request : {SB_LINEDOWN, SB_PAGEDOWN, SB_BOTTOM, SB_LINEUP, SB_TOP}) {
         ::SendMessageW(window, WM_VSCROLL, static_cast<WPARAM>(request), 0);
