@@ -162,13 +162,9 @@ std::optional<LRESULT> SheetView::OnMessage(UINT message, WPARAM wParam, LPARAM)
     switch (message) {
         case WM_CREATE:
             m_bars.Attach(m_control.Window());
-            UpdateScrollBars();
             break;
         case WM_DESTROY:
             m_bars.Attach(nullptr);
-            break;
-        case WM_SHOWWINDOW:
-            UpdateScrollBars();
             break;
         case WM_SIZE:
             if (!m_layout.m_rcClient.IsRectEmpty()) {

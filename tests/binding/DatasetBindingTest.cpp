@@ -34,7 +34,7 @@ class DatasetBindingTest : public testing::Test {
     GridProperties& properties = store.Properties;
 };
 
-// --- Edge cases
+// --- What is bound and what is read then
 
 TEST_F(DatasetBindingTest, BindingNullOnAFreshControlGivesOneRowAndTwentyColumnsNotFiftyRows) {
     EXPECT_EQ(properties.MaxRow, 50);
@@ -74,7 +74,7 @@ TEST_F(DatasetBindingTest, RowHeaderIsNotAffectedByADataset) {
     EXPECT_EQ(store.RowHeader(2), "mine");
 }
 
-// --- Rules
+// --- What is asked of the dataset, and when
 
 TEST_F(DatasetBindingTest, RowsAreAskedForBeforeColumnsAndNamesAreStoredOneByOne) {
     EXPECT_THAT(CallsOf([&] { binding.BindDataset(Make("d", 10, 2)); }),

@@ -32,7 +32,7 @@ class KeyClauseTest : public testing::Test {
     GridStore store{watcher};
 };
 
-// --- Edge cases
+// --- The clause of a record
 
 TEST_F(KeyClauseTest, ANumberAndAStringKeyGiveTId7AndTNameLi) {
     Key(1, "T.ID", NumberType, "7");
@@ -51,7 +51,7 @@ TEST_F(KeyClauseTest, AnEmptyKeyCellGivesAnEmptyClause) {
     EXPECT_EQ(Clause("T"), "");
 }
 
-// --- Rules
+// --- Which columns take part, and with what
 
 TEST_F(KeyClauseTest, OnlyTheFlag1MarksAKeyColumn) {
     Key(1, "T.A", NumberType, "1");

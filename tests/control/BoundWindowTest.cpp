@@ -333,15 +333,14 @@ TEST_F(BoundWindow, ADatasetThatReleasesTheControlWhileItIsPaintedHarmsNothing) 
 }
 
 TEST_F(BoundWindow, ADatasetThatIsGoneBehindItsObjectLeavesABlankPicture) {
-    FakeDataset* const dataset = Bound(10, 3);
     for (const HRESULT code : {RPC_E_DISCONNECTED, CO_E_OBJNOTCONNECTED, RPC_E_SERVERFAULT}) {
+        FakeDataset* const dataset = Bound(10, 3);
         dataset->FailingId = datasetid::GetCellValue;
         dataset->FailingCode = code;
         EXPECT_TRUE(IsOneColor(Repainted()));
         EXPECT_EQ(Bind(grid, nullptr), S_OK);
         EXPECT_EQ(told.Alive, 0);
         EXPECT_FALSE(IsOneColor(Repainted()));
-        return;
     }
 }
 
@@ -404,11 +403,15 @@ TEST_F(BoundWindow, ATitleThatTheDatasetRefusesShowsTheMessageAndRepaintsNothing
     dataset->OnCall = [this](DISPID id) {
         if (id == datasetid::SetColCaption) {
             ::ValidateRect(window, nullptr);  // what the dialog uncovered
+            told.Calls.clear();
         }
     };
     const HeaderAnswered answered(L"x");
     Send(WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(140, 10));
     EXPECT_EQ(answered.Message(), "Veynor Grid Control: 0xFFFFFFFE");
+    // A paint under the box would have asked for the cells.
+    EXPECT_THAT(told.Calls, ::testing::Not(Contains(::testing::StartsWith("3 "))));
+    EXPECT_FALSE(IsInvalid());
 }
 
 TEST_F(BoundWindow, ATitleThatFailsChangesNothingAndShowsNoBox) {

@@ -1,7 +1,9 @@
 // The clipboard as other programs have it: what is put for them, and what they do to it.
 #include <optional>
 
+#include "control/VeyGridCtrl.h"
 #include "tests/control/Handles.h"
+#include "tests/control/OwnModule.h"
 #include "tests/control/SheetDesk.h"
 
 namespace veygrid {
@@ -214,6 +216,94 @@ TEST_F(Clipboard, AControlWithoutAWindowCopiesAndPastesToo) {
     EXPECT_EQ(grid.Call(L"EditCopy"), S_OK);
     EXPECT_EQ(desk.grid.Call(L"EditPaste"), S_OK);
     EXPECT_EQ(Cell(1, 1), CodePage936FromUtf8("无窗"));
+}
+
+// A control of this program with nine cells and a record of each kind, and no window.
+class Cut : public ::testing::Test {
+  protected:
+    Cut() : made(*new CVeyGridCtrl(nullptr)), control(Adopt(made.Inner())), grid(control) {
+        for (std::int32_t row = 1; row <= 3; ++row) {
+            for (std::int32_t col = 1; col <= 3; ++col) {
+                made.Store().SetCellText(row, col, std::to_string(row) + std::to_string(col));
+            }
+        }
+        CCellFormat format;
+        format.SetReadOnly(true);
+        for (const CellPos key : {CellPos{1, 1}, CellPos{2, 0}, CellPos{0, 3}, CellPos{0, 0}}) {
+            made.Store().StoreCellFormat(key.Row, key.Col, format);
+        }
+    }
+    // The clipboard's text after the cut.
+    std::string CutOf(std::initializer_list<CellRange> ranges) {
+        made.Selected().SelectionList.assign(ranges.begin(), ranges.end());
+        EXPECT_EQ(grid.Call(L"EditCut"), S_OK);
+        EXPECT_EQ(made.Store().CellFormatMap.Count(), 4U);
+        const Opened clipboard;
+        return Bytes(CF_TEXT).value_or("none").c_str();
+    }
+    // Row by row, an empty cell as a point.
+    std::string Texts() const {
+        std::string all;
+        for (int row = 1; row <= 3; ++row) {
+            for (int col = 1; col <= 3; ++col) {
+                const std::string text = grid.Text(L"CellText", {row, col});
+                all += (text.empty() ? "." : text) + (col < 3 ? " " : row < 3 ? " / " : "");
+            }
+        }
+        return all;
+    }
+
+    OwnModule own;
+    CVeyGridCtrl& made;
+    ComPtr<IUnknown> control;
+    Late grid;
+};
+
+TEST_F(Cut, WithoutASelectionTakesTheActiveCellThoughItIsReadOnlyAndKeepsItsFormat) {
+    EXPECT_EQ(CutOf({}), "11");
+    EXPECT_EQ(Texts(), ". 12 13 / 21 22 23 / 31 32 33");
+    EXPECT_TRUE(made.Store().EffectiveFormat(1, 1).GetReadOnly());
+}
+
+TEST_F(Cut, OfSeveralRangesCopiesTheLastAndClearsTheFirst) {
+    EXPECT_EQ(CutOf({{1, 1, 1, 2}, {2, 2, 2, 2}, {3, 2, 3, 3}}), "B\tC\r\n32\t33");
+    EXPECT_EQ(Texts(), ". . 13 / 21 22 23 / 31 32 33");
+}
+
+TEST_F(Cut, OfABlockSparesNoReadOnlyCell) {
+    EXPECT_EQ(CutOf({{1, 1, 2, 2}}), "A\tB\r\n11\t12\r\n21\t22");
+    EXPECT_EQ(Texts(), ". . 13 / . . 23 / 31 32 33");
+}
+
+TEST_F(Cut, OfWholeRowsCopiesAndClearsTheirCellsAndKeepsTheRowsRecord) {
+    EXPECT_EQ(CutOf({{1, 0, 2, 0}}), "A\tB\tC\r\n11\t12\t13\r\n21\t22\t23");
+    EXPECT_EQ(Texts(), ". . . / . . . / 31 32 33");
+    EXPECT_EQ(grid.Number(L"LastRow"), 3);
+}
+
+TEST_F(Cut, OfWholeColumnsCopiesAndClearsTheirCellsAndKeepsTheColumnsRecordAndHeader) {
+    grid.Put(L"ColHeader", {2, L"kept"});
+    EXPECT_EQ(CutOf({{0, 2, 0, 3}}), "kept\tC\r\n12\t13\r\n22\t23\r\n32\t33");
+    EXPECT_EQ(Texts(), "11 . . / 21 . . / 31 . .");
+    EXPECT_EQ(grid.Text(L"ColHeader", {2}), "kept");
+}
+
+TEST_F(Cut, OfTheWholeSheetCopiesAndClearsEveryCell) {
+    EXPECT_EQ(CutOf({CellRange::WholeSheet()}),
+              "A\tB\tC\r\n11\t12\t13\r\n21\t22\t23\r\n31\t32\t33");
+    EXPECT_EQ(Texts(), ". . . / . . . / . . .");
+}
+
+TEST_F(Cut, ByTheCommandIsTheSameAndNeitherLogsNorTellsOfAChange) {
+    Container container;
+    ASSERT_EQ(container.Show(control), S_OK);
+    grid.Put(L"ModifiedLog", {3});
+    grid.Put(L"Modified", {false});
+    made.Selected().SelectionList = {{3, 3, 3, 3}};
+    ::SendMessageW(Container::WindowOf(control), WM_COMMAND, 42308, 0);
+    EXPECT_EQ(Texts(), "11 12 13 / 21 22 23 / 31 32 .");
+    EXPECT_TRUE(made.Store().Log.IsEmpty());
+    EXPECT_EQ(grid.Number(L"Modified"), 0);
 }
 
 }  // namespace

@@ -2,12 +2,12 @@
 // batches at the end of the sheet, records deleted, and the messages that tell of failures.
 #include <gmock/gmock.h>
 
-#include <map>
+#include <functional>
 
 #include "control/VeyGridCtrl.h"
-#include "platform/win32/ole/Module.h"
 #include "tests/control/Container.h"
 #include "tests/control/OpenDialog.h"
+#include "tests/control/OwnModule.h"
 #include "valuetext/CodePage936.h"
 
 namespace veygrid {
@@ -15,18 +15,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-// The resources and classes of this program stand for those of the module while it lives.
-class OwnModule {
-  public:
-    OwnModule() { module::Attach(::GetModuleHandleW(nullptr)); }
-    OwnModule(const OwnModule&) = delete;
-    OwnModule& operator=(const OwnModule&) = delete;
-    ~OwnModule() { module::Attach(m_before); }
-
-  private:
-    HINSTANCE m_before = module::Instance();
-};
 
 class Access final : public DataAccess, public ResultCellMap {
   public:
@@ -69,12 +57,19 @@ class AnsweringParent {
     AnsweringParent& operator=(const AnsweringParent&) = delete;
     ~AnsweringParent() {
         ::SetWindowLongPtrW(m_window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(before));
+        onAsked = nullptr;
     }
+
+    // Called before the answer, within the control's creation.
+    static inline std::function<void()> onAsked;
 
   private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         static const UINT askFor = ::RegisterWindowMessageW(L"VeynorGrid_AskFor");
         if (message == askFor && wParam == 2 && lParam == 0) {
+            if (onAsked) {
+                onAsked();
+            }
             return reinterpret_cast<LRESULT>(handed);
         }
         return ::CallWindowProcW(before, window, message, wParam, lParam);
@@ -156,6 +151,97 @@ TEST_F(DataLayer, TheParentsAnswerIsTheObjectAndAFreshControlTouchesItNoFurther)
     ScrollToEnd();
     EXPECT_THAT(access.calls, IsEmpty());
     EXPECT_EQ(grid.Number(L"MaxRow"), 50);
+}
+
+TEST(DataAccessOfAHost, AHostThatDoesNotAnswerAskForLeavesDataAccessNullAndNothingRuns) {
+    const OwnModule own;
+    Container container;
+    CVeyGridCtrl& made = *new CVeyGridCtrl(nullptr);
+    const ComPtr<IUnknown> control = Adopt(made.Inner());
+    made.Store().Properties.DataSource = "SELECT a FROM t";
+    // Whatever stood there before, the parent's answer decides.
+    Access former;
+    former.Connected = 1;
+    made.Query().DataAccess = &former;
+    ASSERT_EQ(container.Show(control), S_OK);
+    EXPECT_EQ(made.Query().DataAccess, nullptr);
+    EXPECT_FALSE(made.Query().RunsQueryAtCreation());
+    made.Query().RowsComplete = false;
+    ::SendMessageW(Container::WindowOf(control), WM_VSCROLL, SB_BOTTOM, 0);
+    EXPECT_THAT(former.calls, IsEmpty());
+    EXPECT_EQ(made.Store().Properties.MaxRow, 50);
+}
+
+TEST_F(DataLayer, WhileRowsCompleteStaysSetNothingOfTheObjectIsCalled) {
+    const NoDialog box;
+    ASSERT_TRUE(made.Query().RowsComplete);
+    for (const int request : {SB_LINEDOWN, SB_PAGEDOWN, SB_BOTTOM, SB_LINEUP, SB_TOP}) {
+        ::SendMessageW(window, WM_VSCROLL, static_cast<WPARAM>(request), 0);
+    }
+    grid.Put(L"CellText", {50, 1, L"x"});
+    grid.Call(L"SetActiveCell", {50, 1});
+    grid.Call(L"DeleteRows", {50, 1});
+    grid.Put(L"DataSource", {L"SELECT T.ID FROM T"});
+    grid.Number(L"RunQuery", {1});
+    EXPECT_THAT(access.calls, IsEmpty());
+    EXPECT_TRUE(made.Query().RowsComplete);
+    // The same scroll does fetch once the flag is clear.
+    made.Query().RowsComplete = false;
+    ScrollToEnd();
+    EXPECT_THAT(access.calls, ElementsAre("FetchRows -1"));
+}
+
+TEST_F(DataLayer, RunQueryWith0AndWith1LeavesEveryFlagAsItStands) {
+    grid.Put(L"CellText", {2, 2, L"x"});
+    for (const bool raised : {false, true}) {
+        made.Query().RowsComplete = raised;
+        made.Store().QueryBound = raised;
+        grid.Put(L"Modified", {raised});
+        for (const int all : {0, 1}) {
+            EXPECT_EQ(grid.Number(L"RunQuery", {all}), 1);
+            EXPECT_EQ(made.Query().RowsComplete, raised);
+            EXPECT_EQ(made.Store().QueryBound, raised);
+            EXPECT_EQ(grid.Number(L"Modified") != 0, raised);
+        }
+    }
+    EXPECT_EQ(made.Query().FetchCount, -1);
+    EXPECT_EQ(made.Query().DataAccess, &access);
+    EXPECT_EQ(grid.Number(L"MaxRow"), 50);
+    EXPECT_EQ(grid.Number(L"LastRow"), 2);
+    EXPECT_EQ(grid.Number(L"LastCol"), 2);
+    EXPECT_EQ(made.Store().CellTextMap.Count(), 1U);
+    EXPECT_EQ(grid.Text(L"CellText", {2, 2}), "x");
+    EXPECT_THAT(access.calls, IsEmpty());
+}
+
+TEST(DataAccessOfAHost, AtCreationTheParentIsAskedFirstAndTheRunSeesItsAnswer) {
+    const OwnModule own;
+    Container container;
+    Access access;
+    access.Connected = 1;
+    CVeyGridCtrl& made = *new CVeyGridCtrl(nullptr);
+    const ComPtr<IUnknown> control = Adopt(made.Inner());
+    made.Store().Properties.DataSource = "SELECT a FROM t";
+    AnsweringParent parent(container.Window(), &access);
+    int asked = 0;
+    parent.onAsked = [&] {
+        ++asked;
+        const HWND window = ::GetWindow(container.Window(), GW_CHILD);
+        EXPECT_NE(window, nullptr);
+        EXPECT_FALSE(made.Query().RunsQueryAtCreation());
+        // The bars come behind the run.
+        SCROLLINFO bar{sizeof bar, SIF_RANGE, 0, 0, 0, 0, 0};
+        ::GetScrollInfo(window, SB_VERT, &bar);
+        EXPECT_NE(bar.nMax, 50);
+    };
+    ASSERT_EQ(container.Show(control), S_OK);
+    EXPECT_EQ(asked, 1);
+    EXPECT_TRUE(made.Query().RunsQueryAtCreation());
+    SCROLLINFO bar{sizeof bar, SIF_RANGE, 0, 0, 0, 0, 0};
+    ::GetScrollInfo(Container::WindowOf(control), SB_VERT, &bar);
+    EXPECT_EQ(bar.nMax, 50);
+    made.Store().Switches.RunQueryAfterSerialize = false;
+    EXPECT_FALSE(made.Query().RunsQueryAtCreation());
 }
 
 TEST_F(DataLayer, TheRunAtCreationChangesNothing) {

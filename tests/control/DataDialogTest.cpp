@@ -568,7 +568,10 @@ TEST_F(DataDialog, ClosingTheSourceWindowWithoutAnEditAsksNothing) {
     Desk desk;
     desk.grid.Put(L"DataSource", {L"a"});
     const HWND window = desk.OpenSource();
-    ::SendMessageW(window, WM_CLOSE, 0, 0);
+    {
+        const NoDialog question;
+        ::SendMessageW(window, WM_CLOSE, 0, 0);
+    }
     EXPECT_FALSE(::IsWindow(window));
     EXPECT_EQ(desk.Source(), "a");
 }
@@ -762,6 +765,7 @@ TEST_F(DataDialog, ManyDialogsOpenedAndClosedLeaveNoWindowsAndHandles) {
 TEST_F(DataDialog, WithoutAWindowNoDialogOpens) {
     const Late grid(Ocx::Make(VeyGridClassId));
     for (const int command : {1011, 1012, 1017}) {
+        const NoDialog dialog;
         EXPECT_EQ(grid.Call(L"SendCommand", {command}), S_OK);
     }
     EXPECT_THAT(DialogsWith(SourceCaption), IsEmpty());

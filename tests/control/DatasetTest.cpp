@@ -117,16 +117,28 @@ TEST_F(HostDataset, NullOfAScriptEndsTheBinding) {
     EXPECT_EQ(told.Alive, 0);
 }
 
-// --- Edge cases
+// --- What is bound and what is read then
 
 TEST_F(HostDataset, RunQueryWith0AndWith1Returns1AndChangesNothing) {
     grid.Put(L"CellText", {1, 1, L"x"});
-    for (const int all : {0, 1}) {
-        EXPECT_EQ(grid.Number(L"RunQuery", {all}), 1);
+    grid.Put(L"DataSource", {L"SELECT a FROM t"});
+    std::vector<DISPID> events;
+    EventSink sink([&](DISPID id, DISPPARAMS&) { events.push_back(id); });
+    const Connected connected(control, VeyGridEventsId, &sink);
+    for (const bool modified : {false, true}) {
+        grid.Put(L"Modified", {modified});
+        events.clear();
+        for (const int all : {0, 1}) {
+            EXPECT_EQ(grid.Number(L"RunQuery", {all}), 1);
+        }
+        EXPECT_THAT(events, IsEmpty());
+        EXPECT_EQ(grid.Number(L"Modified") != 0, modified);
     }
     EXPECT_EQ(Cell(1, 1), "x");
     EXPECT_EQ(grid.Number(L"MaxRow"), 50);
+    EXPECT_EQ(grid.Number(L"MaxCol"), 20);
     EXPECT_EQ(grid.Number(L"LastRow"), 1);
+    EXPECT_EQ(grid.Number(L"LastCol"), 1);
 }
 
 TEST_F(HostDataset, BindingNothingOnAFreshControlGivesMaxRow1AndMaxCol20) {
@@ -242,6 +254,59 @@ TEST_F(HostDataset, DeletedColumnsLeaveTheStatementAndBindingNamesDoNotTouchIt) 
     EXPECT_EQ(grid.Text(L"DataSource"), "SELECT T.A,U.C FROM T,U WHERE x=1");
     Bound(3, 2);
     EXPECT_EQ(grid.Text(L"DataSource"), "SELECT T.A,U.C FROM T,U WHERE x=1");
+}
+
+TEST_F(HostDataset, ColumnsThatTheMouseMovesChangeTheirPlacesInTheStatement) {
+    grid.Put(L"DataSource", {L"SELECT T.A,T.B,U.C FROM T,U WHERE x=1"});
+    grid.Put(L"LastCol", {3});
+    grid.Put(L"CellText", {1, 1, L"x"});
+    Container container;
+    ASSERT_EQ(container.Show(control), S_OK);
+    const HWND window = Container::WindowOf(control);
+    std::vector<DISPID> events;
+    EventSink sink([&](DISPID id, DISPPARAMS&) {
+        if (id == event::CellsMove) {
+            events.push_back(id);
+        }
+    });
+    const Connected connected(control, VeyGridEventsId, &sink);
+    const auto dragFromFrame = [&](int x, WPARAM keys) {
+        grid.Call(L"SetSelection", {0, 1, 0, 1});
+        ::InvalidateRect(window, nullptr, TRUE);
+        ::UpdateWindow(window);
+        ::SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON | keys, MAKELPARAM(51, 30));
+        ::SendMessageW(window, WM_MOUSEMOVE, MK_LBUTTON | keys, MAKELPARAM(x, 30));
+        ::SendMessageW(window, WM_LBUTTONUP, keys, MAKELPARAM(x, 30));
+    };
+    dragFromFrame(140, 0);  // onto column 2
+    EXPECT_EQ(grid.Text(L"DataSource"), "SELECT T.B,T.A,U.C FROM T,U WHERE x=1");
+    EXPECT_EQ(grid.Text(L"ColName", {1}), "T.B");
+    EXPECT_EQ(grid.Text(L"ColName", {2}), "T.A");
+    EXPECT_EQ(Cell(1, 2), "x");
+    EXPECT_EQ(Cell(1, 1), "");
+    EXPECT_EQ(events.size(), 1U);
+    dragFromFrame(200, 0);  // onto column 3
+    EXPECT_EQ(grid.Text(L"DataSource"), "SELECT T.A,U.C,T.B FROM T,U WHERE x=1");
+    // The query that is run then changes nothing.
+    EXPECT_EQ(grid.Number(L"MaxRow"), 50);
+    EXPECT_EQ(grid.Number(L"LastRow"), 1);
+}
+
+TEST_F(HostDataset, CellsThatTheMouseMovesLeaveTheStatementAlone) {
+    grid.Put(L"DataSource", {L"SELECT T.A,T.B FROM T"});
+    grid.Put(L"CellText", {1, 1, L"x"});
+    Container container;
+    ASSERT_EQ(container.Show(control), S_OK);
+    const HWND window = Container::WindowOf(control);
+    grid.Call(L"SetSelection", {1, 1, 1, 1});
+    ::InvalidateRect(window, nullptr, TRUE);
+    ::UpdateWindow(window);
+    ::SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(51, 30));
+    ::SendMessageW(window, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(140, 30));
+    ::SendMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(140, 30));
+    EXPECT_EQ(Cell(1, 2), "x");
+    EXPECT_EQ(grid.Text(L"DataSource"), "SELECT T.A,T.B FROM T");
+    EXPECT_EQ(grid.Text(L"ColName", {1}), "T.A");
 }
 
 // --- What datasets answer

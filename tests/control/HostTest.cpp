@@ -120,7 +120,7 @@ TEST(Host, TheParentIsAskedForTheDataAccessObjectOnceAtCreation) {
     EXPECT_EQ(::GetParent(Container::WindowOf(control)), container.Window());
 }
 
-TEST(Host, AHostThatDoesNotAnswerAskForRunsNothing) {
+TEST(Host, AHostThatDoesNotAnswerAskForShowsAPlainSheet) {
     Container container;
     const ComPtr<IUnknown> control = NewControl();
     const Late grid(control);

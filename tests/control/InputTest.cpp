@@ -1,6 +1,7 @@
 // Keys, input methods and the mouse as the system sends them, and hosts that misbehave meanwhile.
 #include <gmock/gmock.h>
 
+#include <array>
 #include <map>
 
 #include "tests/control/Handles.h"
@@ -407,17 +408,33 @@ TEST_F(Input, ADragOfAnItemOverTheSheetIsAnsweredWithOne) {
     EXPECT_EQ(desk.Send(message, 32769), 0);
 }
 
+// Where the cursor may go: left, top, right, bottom on the screen.
+using Area = std::array<LONG, 4>;
+
+Area AreaOf(const RECT& rect) {
+    return {rect.left, rect.top, rect.right, rect.bottom};
+}
+Area CursorArea() {
+    RECT area{};
+    ::GetClipCursor(&area);
+    return AreaOf(area);
+}
+Area ClientOnScreen(HWND window) {
+    RECT client{};
+    ::GetClientRect(window, &client);
+    ::MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&client), 2);
+    return AreaOf(client);
+}
+
 TEST_F(Input, ASizingThatLosesTheMouseChangesNothingAndLetsTheCursorGo) {
     SheetDesk desk;
-    RECT before{};
-    ::GetClipCursor(&before);
+    const Area before = CursorArea();
     desk.Press(20, 59);
     desk.Move(20, 90);
+    EXPECT_EQ(CursorArea(), ClientOnScreen(desk.window));
     desk.Send(WM_CAPTURECHANGED);
     desk.Release(20, 90);
-    RECT after{};
-    ::GetClipCursor(&after);
-    EXPECT_TRUE(::EqualRect(&before, &after));
+    EXPECT_EQ(CursorArea(), before);
     EXPECT_EQ(desk.grid.Number(L"RowHeight", {2}), 20);
 }
 
@@ -502,14 +519,12 @@ TEST_F(Input, AHostThatDestroysTheControlInsideEndEditHarmsNothing) {
 
 TEST_F(Input, AHostThatDestroysTheControlUnderADragHarmsNothing) {
     SheetDesk desk;
-    RECT before{};
-    ::GetClipCursor(&before);
+    const Area before = CursorArea();
     desk.Press(20, 59);
     desk.Move(20, 90);
+    EXPECT_EQ(CursorArea(), ClientOnScreen(desk.window));
     desk.container.Close();
-    RECT after{};
-    ::GetClipCursor(&after);
-    EXPECT_TRUE(::EqualRect(&before, &after));
+    EXPECT_EQ(CursorArea(), before);
 }
 
 TEST_F(Input, OpeningAndClosingEditorsLeavesNothingBehind) {

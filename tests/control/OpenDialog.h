@@ -1,8 +1,13 @@
 // Acts in a modal window that the code under test opens.
 #pragma once
 
-#include <functional>
+#include <gtest/gtest.h>
 
+#include <functional>
+#include <set>
+#include <string>
+
+#include "platform/win32/ole/OleText.h"
 #include "platform/win32/ole/Platform.h"
 
 namespace veygrid {
@@ -49,6 +54,30 @@ class OpenDialog {
     std::function<void(HWND)> m_act;
     UINT_PTR m_timer = 0;
     bool m_seen = false;
+};
+
+// While it lives, a dialog or box that comes up fails the test and is closed, so that nothing waits
+// for it. Dialogs that stand already are none of its business.
+class NoDialog {
+  public:
+    NoDialog() {
+        ::EnumThreadWindows(::GetCurrentThreadId(), Note, reinterpret_cast<LPARAM>(this));
+    }
+
+  private:
+    static BOOL CALLBACK Note(HWND window, LPARAM self) {
+        reinterpret_cast<NoDialog*>(self)->m_before.insert(window);
+        return TRUE;
+    }
+    static void Refuse(HWND window) {
+        wchar_t caption[100] = {};
+        ::GetWindowTextW(window, caption, 100);
+        ADD_FAILURE() << "a dialog came up: " << TextFromWide(caption);
+        ::EndDialog(window, IDCANCEL);
+    }
+
+    std::set<HWND> m_before;
+    OpenDialog m_watch{[this](HWND window) { return !m_before.contains(window); }, Refuse};
 };
 
 }  // namespace veygrid

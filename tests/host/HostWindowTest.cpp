@@ -13,6 +13,7 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::SizeIs;
 
 using HostWindowTest = WindowDesk;
 
@@ -124,11 +125,68 @@ TEST_F(HostWindowTest, AboutShowsTheControlsAboutBox) {
     EXPECT_THAT(DialogsNoted::captions, Contains(L"Veynor Grid Control"));
 }
 
+// While it lives, the calls of the methods with one argument are noted that reach an object of the
+// class of `object`, before they are answered: Invoke of the class's table of methods is replaced.
+class CallsNoted {
+  public:
+    struct Call {
+        DISPID id;
+        Variant argument;
+    };
+
+    explicit CallsNoted(IDispatch* object) : m_methods(*reinterpret_cast<Method***>(object)) {
+        calls.clear();
+        former = reinterpret_cast<InvokeMethod*>(m_methods[InvokeIndex]);
+        Set(reinterpret_cast<Method*>(Note));
+    }
+    CallsNoted(const CallsNoted&) = delete;
+    CallsNoted& operator=(const CallsNoted&) = delete;
+    ~CallsNoted() { Set(reinterpret_cast<Method*>(former)); }
+
+    static inline std::vector<Call> calls;
+
+  private:
+    using Method = void();
+    using InvokeMethod = HRESULT STDMETHODCALLTYPE(IDispatch*, DISPID, REFIID, LCID, WORD,
+                                                   DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*);
+    // Behind the three of IUnknown and the three that tell of types and names.
+    static constexpr std::size_t InvokeIndex = 6;
+
+    static HRESULT STDMETHODCALLTYPE Note(IDispatch* object, DISPID id, REFIID iid, LCID locale,
+                                          WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                                          EXCEPINFO* exception, UINT* argumentInError) {
+        if ((flags & DISPATCH_METHOD) != 0 && parameters->cArgs == 1) {
+            Variant argument;
+            VariantCopy(&argument, parameters->rgvarg);
+            calls.push_back({id, std::move(argument)});
+        }
+        return former(object, id, iid, locale, flags, parameters, result, exception,
+                      argumentInError);
+    }
+    void Set(Method* method) {
+        DWORD before = 0;
+        VirtualProtect(m_methods + InvokeIndex, sizeof method, PAGE_READWRITE, &before);
+        m_methods[InvokeIndex] = method;
+        VirtualProtect(m_methods + InvokeIndex, sizeof method, before, &before);
+    }
+
+    static inline InvokeMethod* former = nullptr;
+    Method** m_methods;
+};
+
 TEST_F(HostWindowTest, PrintAndPreviewAreAskedOfTheControlAndTheSheetStays) {
     const DialogsNoted noted;
     PutText(1, 1, L"x");
+    const CallsNoted asked(Grid().Object());
     Choose(CommandPrint);
+    ASSERT_THAT(CallsNoted::calls, SizeIs(1));
+    EXPECT_EQ(CallsNoted::calls[0].id, Grid().IdOf(L"Print"));
+    EXPECT_TRUE(CallsNoted::calls[0].argument.Truth());
     Choose(CommandPreview);
+    ASSERT_THAT(CallsNoted::calls, SizeIs(2));
+    EXPECT_EQ(CallsNoted::calls[1].id, Grid().IdOf(L"Preview"));
+    EXPECT_EQ(CallsNoted::calls[1].argument.Number(),
+              static_cast<long>(reinterpret_cast<LONG_PTR>(window.Window())));
     EXPECT_EQ(Grid().Get(L"CellText", {Variant::Of(1L), Variant::Of(1L)}).Text(), L"x");
     EXPECT_NE(window.Control().Window(), nullptr);
 }

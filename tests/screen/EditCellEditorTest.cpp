@@ -95,6 +95,20 @@ TEST_F(CellEditorTest, RetypingTheSameTextCountsAsAChange) {
     EXPECT_FALSE(store.Log.IsEmpty());
 }
 
+TEST_F(CellEditorTest, RetypingTheSameTextRunsTheCheckTooAndIsRefusedWhereItNoLongerPasses) {
+    store.SetCellText(1, 1, "no number");
+    SetDataType(1, 1, IntegerType);
+    properties.ModifiedLog = 3;
+    ASSERT_EQ(editor.StartEdit(), 1);
+    editor.EmptyText();
+    edit.Type("no number");
+    EXPECT_THAT(CallsOf([&] { EXPECT_EQ(editor.EndEdit(), 0); }),
+                ElementsAre("EndEdit 1,1 no number 0"));
+    EXPECT_TRUE(editor.InEdit());
+    EXPECT_TRUE(store.Log.IsEmpty());
+    EXPECT_EQ(store.CellText(1, 1), "no number");
+}
+
 TEST_F(CellEditorTest, ACommitLogsType3OrType2InABoundQuery) {
     properties.ModifiedLog = 3;
     OpenAndType("a");
@@ -194,11 +208,22 @@ TEST_F(CellEditorTest, WithAllowEditOffAHostCallOfStartEditStillOpensAnEditor) {
 TEST_F(CellEditorTest, ACellBelowTheLastWholeRowOpensAfterOneLineOfScroll) {
     // 15 whole rows fit below the headers.
     selection.SetActiveCell(16, 1);
+    const Rect painted = layout.m_rcClient;
     EXPECT_THAT(
         CallsOf([&] { EXPECT_EQ(editor.StartEdit(), 1); }),
         ElementsAre("StartingEdit 16,1 1", "WM_VSCROLL 1", "SetFocus", "InvalidateControl",
                     "Create 268435652 50,272,109,289 1000", "SetWindowText ", "Editor SetFocus"));
     EXPECT_EQ(layout.FirstVisibleRow, 2);
+    EXPECT_EQ(layout.m_rcClient, painted);
+}
+
+TEST_F(CellEditorTest, TheScrollOfAnOpeningGoesByTheClientAreaOfTheLastPaintWhateverItIsNow) {
+    selection.SetActiveCell(16, 1);
+    const Rect painted = layout.m_rcClient;
+    desk.client = {0, 0, 400, 100};
+    EXPECT_THAT(CallsOf([&] { EXPECT_EQ(editor.StartEdit(), 1); }),
+                testing::Contains("Create 268435652 50,272,109,289 1000"));
+    EXPECT_EQ(layout.m_rcClient, painted);
 }
 
 TEST_F(CellEditorTest, ACellRightOfTheLastWholeColumnOpensAfterOneColumnOfScroll) {

@@ -13,7 +13,7 @@ constexpr std::int32_t Least = std::numeric_limits<std::int32_t>::min();
 
 using LayoutTest = SheetLayoutTest;
 
-// --- Edge cases
+// --- Seams, borders and places off the view
 
 TEST_F(LayoutTest, BeforeTheFirstPaintHitTestIsOutsideAndPosToCellIsNoCell) {
     layout.m_rcClient = {};

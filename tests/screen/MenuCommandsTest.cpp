@@ -60,7 +60,7 @@ TEST_F(MenuTest, TheModeCommandsToggle) {
     EXPECT_THAT(CommandCalls(42313), ElementsAre("SetGuiDesignMode FALSE"));
 }
 
-TEST_F(MenuTest, RunQueryAndTheCommandsToComeAreTheControlsOwnAndDoNothing) {
+TEST_F(MenuTest, RunQueryAndTheCommandsWithoutATaskAreTheControlsOwnAndDoNothing) {
     for (const std::int32_t id : {42317, 42321, 42323}) {
         EXPECT_THAT(CallsOf([&] { EXPECT_THAT(CommandCalls(id), IsEmpty()) << id; }), IsEmpty());
     }

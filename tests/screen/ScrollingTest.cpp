@@ -123,7 +123,7 @@ class ScrollingTest : public SheetLayoutTest {
 
 using enum ScrollRequest;
 
-// --- Edge cases
+// --- The ends of the ranges
 
 TEST_F(ScrollingTest, With40000RowsTheRangeIsCappedAndTheThumbsEndsAreTheFirstAndTheLastRow) {
     properties.MaxRow = 40'000;
