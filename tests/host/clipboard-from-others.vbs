@@ -1,8 +1,11 @@
 ' What a program outside of Wine owns is pasted whole, under every code page.
-' The system hears of a new owner in its own time.
+' What stands in the third row before each paste.
+Dim below
+' The system hears of a new owner in its own time; until then the former one's text is pasted.
 Sub PasteSoon(what, row, col, wanted)
     Dim turn
     For turn = 1 To 600
+        Grid.CellText(3, 1) = below
         Grid.EditPaste
         If Grid.CellText(row, col) = wanted Then Exit For
         Host.Pump 100
@@ -28,11 +31,11 @@ Grid.SetActiveCell 1, 1
 Own "UTF8_STRING", "甲\t乙\n龘 ~\t{丙}\n"
 PasteSoon "tabs and line feeds", 2, 2, "{丙}"
 Check "all of it, and an empty cell behind the last line end", Sheet(3, 2), "甲|乙|龘 ~|{丙}|||"
-Grid.CellText(3, 1) = "overwritten"
+below = "overwritten"
 Own "UTF8_STRING", "一\t二\r\n三\t四\r\n"
 PasteSoon "carriage returns", 1, 1, "一"
 Check "all of it", Sheet(3, 2), "一|二|三|四|||"
-Grid.CellText(3, 1) = "kept"
+below = "kept"
 Own "UTF8_STRING", "五\n六"
 PasteSoon "no last line end", 2, 1, "六"
 Check "nothing behind it", Sheet(3, 2), "五|二|六|四|kept||"
