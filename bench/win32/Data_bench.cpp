@@ -181,7 +181,7 @@ void Binding(const std::u16string& connectionString) {
     };
     std::printf(
         "peer: connects, counts the rows, runs the statement step by step, reads 50 rows\n");
-    Ratio("binding the village table, up to its paint of 1600 by 1000", 0)
+    Ratio("binding the village table, up to its paint of 1600 by 1000", 2)
         .Run(
             painted, [&] { return BareScreen(steps, true); }, Rounds);
 }
