@@ -3,8 +3,9 @@
 PACKAGES_BUILD=(g++ cmake ninja-build libicu-dev libcli11-dev nlohmann-json3-dev libboost1.81-dev
     googletest pkgconf libcairo2-dev libpango1.0-dev unixodbc-dev)
 PACKAGES_TEST=(clang clang-format clang-tidy libclang-rt-dev git fonts-wqy-zenhei libsqliteodbc)
+# Without libxi6 Wine confines no cursor.
 PACKAGES_WINDOWS=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools wine64 wine
-    xvfb xauth locales fonts-wqy-zenhei)
+    libxi6 xvfb xauth locales fonts-wqy-zenhei)
 # An input method, other programs' clipboard, and keys from outside of Wine.
 PACKAGES_DESK=(fcitx5 fcitx5-pinyin dbus-daemon x11-utils xdotool xclip)
 # Databases, their drivers, and their own clients.
