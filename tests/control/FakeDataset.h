@@ -6,13 +6,12 @@
 #include <vector>
 
 #include "control/DispatchDataset.h"
-#include "tests/control/Support.h"
+#include "tests/control/NumberedObject.h"
 
 namespace veygrid {
 
-// Born with one reference; it counts itself and is gone with the last one. Notes every call with
-// its arguments and how they came.
-class FakeDataset final : public IDispatch {
+// Counts itself, and notes every call with its arguments and how they came.
+class FakeDataset final : public NumberedObject {
   public:
     // What outlives the object.
     struct Told {
@@ -23,35 +22,13 @@ class FakeDataset final : public IDispatch {
     FakeDataset(Told& told, int rows, int cols) : Rows(rows), Cols(cols), m_told(told) {
         ++m_told.Alive;
     }
-    FakeDataset(const FakeDataset&) = delete;
-    FakeDataset& operator=(const FakeDataset&) = delete;
-    ~FakeDataset() {
+    ~FakeDataset() override {
         --m_told.Alive;
         if (OnEnd) {
             OnEnd();
         }
     }
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** target) override {
-        *target = iid == IID_IUnknown || iid == IID_IDispatch ? this : nullptr;
-        if (*target != nullptr) {
-            AddRef();
-        }
-        return *target == nullptr ? E_NOINTERFACE : S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(++References); }
-    STDMETHODIMP_(ULONG) Release() override {
-        const long left = --References;
-        if (left == 0) {
-            delete this;
-        }
-        return static_cast<ULONG>(left);
-    }
-    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
-        return DISP_E_UNKNOWNNAME;
-    }
     STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPPARAMS* given, VARIANT* result,
                         EXCEPINFO* exception, UINT*) override {
         if (iid != IID_NULL || flags != DISPATCH_METHOD || given->cNamedArgs != 0) {
@@ -68,7 +45,6 @@ class FakeDataset final : public IDispatch {
         return Answer(id, *given, *result);
     }
 
-    long References = 1;
     int Rows;
     int Cols;
     // The text of cells, "R1C2" where there is none of its own; the value itself where `Value`

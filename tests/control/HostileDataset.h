@@ -5,11 +5,11 @@
 
 #include "control/DispatchDataset.h"
 #include "tests/control/FuzzSupport.h"
+#include "tests/control/NumberedObject.h"
 
 namespace veygrid {
 
-// Born with one reference and gone with the last.
-class HostileDataset final : public IDispatch {
+class HostileDataset final : public NumberedObject {
   public:
     // `act` is what it does in the middle of an answer. Both must outlive it, as must `alive`,
     // which counts the datasets there are.
@@ -17,32 +17,10 @@ class HostileDataset final : public IDispatch {
         : m_random(random), m_other(other), m_act(act), m_alive(alive) {
         ++m_alive;
     }
-    HostileDataset(const HostileDataset&) = delete;
-    HostileDataset& operator=(const HostileDataset&) = delete;
-    ~HostileDataset() { --m_alive; }
+    ~HostileDataset() override { --m_alive; }
 
     static constexpr const wchar_t* Words = L"a hostile dataset";
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** target) override {
-        *target = iid == IID_IUnknown || iid == IID_IDispatch ? this : nullptr;
-        if (*target != nullptr) {
-            AddRef();
-        }
-        return *target == nullptr ? E_NOINTERFACE : S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(++m_references); }
-    STDMETHODIMP_(ULONG) Release() override {
-        const long left = --m_references;
-        if (left == 0) {
-            delete this;
-        }
-        return static_cast<ULONG>(left);
-    }
-    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
-        return DISP_E_UNKNOWNNAME;
-    }
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* given, VARIANT* result,
                         EXCEPINFO* exception, UINT* wrong) override {
         if (m_random.OneIn(40)) {
@@ -105,7 +83,6 @@ class HostileDataset final : public IDispatch {
     IDispatch* m_other;
     const std::function<void()>& m_act;
     int& m_alive;
-    long m_references = 1;
 };
 
 }  // namespace veygrid
