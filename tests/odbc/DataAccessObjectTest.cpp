@@ -25,6 +25,8 @@ class DataAccessObjectTest : public DatabaseTest {
     CellValue Count() { return Desk().Connect()->Single(u"SELECT COUNT(*) FROM t"); }
 };
 EACH_DATABASE(DataAccessObjectTest);
+class DataAccessObjectOnServerTest : public DataAccessObjectTest {};
+EACH_SERVER(DataAccessObjectOnServerTest);
 
 TEST_P(DataAccessObjectTest, FetchesBatchAfterBatchUntilNothingIsLeft) {
     Fill();
@@ -77,10 +79,7 @@ TEST_P(DataAccessObjectTest, FailuresAreAnsweredAndKept) {
     access->RollbackTrans();
 }
 
-TEST_P(DataAccessObjectTest, ALostConnectionClearsConnected) {
-    if (SQLite()) {
-        GTEST_SKIP() << "a file has no connection that could be lost";
-    }
+TEST_P(DataAccessObjectOnServerTest, ALostConnectionClearsConnected) {
     Fill();
     const auto victim = Desk().Connect();
     DataAccessObject access(victim);

@@ -150,5 +150,8 @@ inline std::string DatabaseName(const testing::TestParamInfo<Database>& info) {
 #define EACH_DATABASE(Suite)  \
     INSTANTIATE_TEST_SUITE_P( \
         Databases, Suite, testing::Values(Database::SQLite, Database::PostgreSQL), DatabaseName)
+// A file has no connection that could be lost.
+#define EACH_SERVER(Suite) \
+    INSTANTIATE_TEST_SUITE_P(Databases, Suite, testing::Values(Database::PostgreSQL), DatabaseName)
 
 }  // namespace veygrid

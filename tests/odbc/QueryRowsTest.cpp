@@ -36,6 +36,8 @@ class QueryRowsTest : public DatabaseTest {
     }
 };
 EACH_DATABASE(QueryRowsTest);
+class QueryRowsOnServerTest : public QueryRowsTest {};
+EACH_SERVER(QueryRowsOnServerTest);
 
 TEST_P(QueryRowsTest, ATableIsReadByItsKeyInAnyOrderOfRows) {
     Fill(1000);
@@ -158,10 +160,7 @@ TEST_P(QueryRowsTest, WhatIsKeptDoesNotGrowWithTheRowsScrolledPast) {
     EXPECT_LE(bytes, RowWindows::ByteLimit);
 }
 
-TEST_P(QueryRowsTest, ALostConnectionIsToldAsSuch) {
-    if (SQLite()) {
-        GTEST_SKIP() << "a file has no connection that could be lost";
-    }
+TEST_P(QueryRowsOnServerTest, ALostConnectionIsToldAsSuch) {
     Fill(300);
     const auto victim = Desk().Connect();
     QueryRows rows(victim, u"SELECT id FROM t");
